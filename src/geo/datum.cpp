@@ -1,0 +1,77 @@
+#include "geo/datum.h"
+
+#include <cmath>
+
+#include "geo/angles.h"
+
+namespace {
+
+struct Ellipsoid {
+  double a;         // semi-major axis, m
+  double eSquared;  // square of the eccentricity, a published figure of its own
+};
+
+constexpr Ellipsoid kAiry{6377563.396, 0.0066705397616};
+constexpr Ellipsoid kWGS84{6378137.0, 0.0066943800355};
+
+constexpr double Radians(double arcSeconds) { return arcSeconds / kDegreesPerRadian / 3600; }
+
+struct Helmert {
+  double tx, ty, tz;  // m
+  double s;           // added to 1
+  double rx, ry, rz;  // radians
+};
+
+constexpr Helmert kAiryToWGS84{446.448,         -125.157,       542.06,         -2.04894e-05,
+                               Radians(0.1502), Radians(0.247), Radians(0.8421)};
+constexpr Helmert kWGS84ToAiry{-446.448,         125.157,         -542.06,        2.04894e-05,
+                               Radians(-0.1502), Radians(-0.247), Radians(-0.8421)};
+
+constexpr double kHeight = 0;
+
+// Radius of curvature in the prime vertical, m.
+double Nu(const Ellipsoid& ellipsoid, double sinPhi) {
+  return ellipsoid.a / std::sqrt(1 - ellipsoid.eSquared * sinPhi * sinPhi);
+}
+
+void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, double Lat1,
+               double Long1, double& Lat2, double& Long2) {
+  const double phi = Lat1 / kDegreesPerRadian;
+  const double lambda = Long1 / kDegreesPerRadian;
+  const double nu = Nu(from, std::sin(phi));
+  const double x = (nu + kHeight) * std::cos(phi) * std::cos(lambda);
+  const double y = (nu + kHeight) * std::cos(phi) * std::sin(lambda);
+  const double z = ((1 - from.eSquared) * nu + kHeight) * std::sin(phi);
+
+  const double x2 = h.tx + (1 + h.s) * x - h.rz * y + h.ry * z;
+  const double y2 = h.ty + h.rz * x + (1 + h.s) * y - h.rx * z;
+  const double z2 = h.tz - h.ry * x + h.rx * y + (1 + h.s) * z;
+
+  const double p = std::sqrt(x2 * x2 + y2 * y2);
+  double phi2 = ATAN2(p * (1 - to.eSquared), z2);
+  // Two or three passes settle any place; the bound is for what is no place.
+  for (int pass = 0; pass < 50; ++pass) {
+    const double previous = phi2;
+    const double sinPhi = std::sin(previous);
+    phi2 = ATAN2(p, z2 + to.eSquared * Nu(to, sinPhi) * sinPhi);
+    if (!(std::fabs(previous - phi2) > 1e-08)) break;
+  }
+  Lat2 = phi2 * kDegreesPerRadian;
+  Long2 = ATAN2(x2, y2) * kDegreesPerRadian;
+}
+
+}  // namespace
+
+double ATAN2(double x, double y) {
+  const double r = std::sqrt(x * x + y * y);
+  if (x + r > 1e-08) return 2 * std::atan(y / (x + r));
+  return 0;
+}
+
+void AiryToWGS84(double Lat1, double Long1, double& Lat2, double& Long2) {
+  Transform(kAiry, kWGS84, kAiryToWGS84, Lat1, Long1, Lat2, Long2);
+}
+
+void WGS84ToAiry(double Lat1, double Long1, double& Lat2, double& Long2) {
+  Transform(kWGS84, kAiry, kWGS84ToAiry, Lat1, Long1, Lat2, Long2);
+}

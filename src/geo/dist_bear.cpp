@@ -1,0 +1,52 @@
+#include "geo/dist_bear.h"
+
+#include <cmath>
+
+#include "geo/angles.h"
+
+namespace {
+
+constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
+constexpr double kEarthRadius = 6371.29;
+constexpr double kShareOfCell = 0.7;
+constexpr double kOneMetre = 0.001;
+
+// A cosine that rounding has pushed out of range, brought back to its end.
+double Clamped(double cosine) { return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine; }
+
+}  // namespace
+
+double ACS(double x) {
+  const double turn = (1 - SignOf(x)) * kPi / 2;
+  if (x == 0) return turn;
+  return std::atan(std::sqrt(1 - x * x) / x) + turn;
+}
+
+void DistBear(Workspace& w) {
+  const double p1 = w.BaseLat / kDegreesPerRadian;
+  const double p2 = w.Lat / kDegreesPerRadian;
+  const double c = std::sin(p1) * std::sin(p2) +
+                   std::cos(p2) * std::cos(p1) * std::cos((w.BaseLong - w.Lon) / kDegreesPerRadian);
+  const double arc = std::fabs(c) < 1 ? ACS(c) : 0;
+  w.Dist = arc * kEarthRadius;
+  if (w.Dist < kOneMetre) {
+    w.Bearing = 0;
+    w.Backbearing = 0;
+    w.DistUncert = 0;
+    w.BearUncert = 0;
+    return;
+  }
+  const double b1 = Clamped((std::sin(p2) - std::cos(arc) * std::sin(p1)) /
+                            (std::sin(arc) * std::cos(p1)));
+  const double b2 = Clamped((std::sin(p1) - std::cos(arc) * std::sin(p2)) /
+                            (std::sin(arc) * std::cos(p2)));
+  w.Bearing = ACS(b1) * kDegreesPerRadian;
+  w.Backbearing = ACS(b2) * kDegreesPerRadian;
+  if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;
+  if (w.BaseLong < w.Lon) w.Backbearing = 360 - w.Backbearing;
+
+  w.DistUncert = (w.Baseresolution + w.Resolution) * kShareOfCell;
+  w.BearUncert = (std::atan(kShareOfCell * w.Resolution / w.Dist) +
+                  std::atan(kShareOfCell * w.Baseresolution / w.Dist)) *
+                 kDegreesPerRadian;
+}

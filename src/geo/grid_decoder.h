@@ -1,0 +1,16 @@
+// A National Grid Reference of Great Britain as a place.
+#pragma once
+
+#include <string>
+
+#include "workspace/workspace.h"
+
+// The south-west corner of the square that a reference names.
+// In      ngr   upper case, no blanks: two letters, four digits, and whatever follows. Nothing is
+//               refused: letters off the grid give a place off the grid, an odd last digit is
+//               shared by the rounding of half the length, more than 10 digits give the corner of
+//               the 100 km square.
+// Out     Lat, Lon  degrees on WGS84, always finite.
+// Writes  Resolution (km: 1, 0.1, 0.01, 0.001 for 2 to 5 digits in each half, else 100),
+//         EastNorth, Ydim, Xdim, and the caption of OSMap (letters and first digit of each half).
+void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon);

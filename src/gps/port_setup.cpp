@@ -1,0 +1,50 @@
+#include "gps/port_setup.h"
+
+#include "gps/real_time.h"
+
+namespace SetUpCom {
+
+namespace {
+
+constexpr int kHighestPort = 32;
+constexpr int kInBufferSize = 128;  // characters
+constexpr int kThreshold = 64;      // characters that must wait before the receiver is told
+
+bool OpenPort(SerialControl& serial, const SetUpWindow& window) {
+  if (!serial.SetCommPort(RoundToInt16(TextToNumber(MidOf(window.CPort.text, 4))))) return false;
+  serial.SetInBufferSize(kInBufferSize);
+  if (!serial.SetSettings(window.Baud.text + ",n,8,1")) return false;
+  serial.SetRThreshold(kThreshold);
+  return serial.Open();
+}
+
+}  // namespace
+
+void Load(Workspace& w) {
+  if (w.SetUpCom.loaded) return;
+  w.SetUpCom.loaded = true;
+  Form_Load(w);
+}
+
+void Form_Load(Workspace& w) {
+  SerialControl& serial = w.platform.Serial();
+  ComboBox& ports = w.SetUpCom.CPort;
+  for (int number = 1; number <= kHighestPort; ++number) {
+    if (serial.SetCommPort(static_cast<std::int16_t>(number)) && serial.Open())
+      ports.items.push_back("COM" + FormatPicture(number, "##"));
+    serial.Close();
+  }
+  ports.text = ports.items.empty() ? "" : ports.items.front();
+}
+
+void Command1_Click(Workspace& w) {
+  if (!OpenPort(w.platform.Serial(), w.SetUpCom)) {
+    w.SetUpCom.Text1.text = "COM PORT FAIL";
+    return;
+  }
+  w.RealTime = kTrue;
+  w.SetUpCom.visible = false;
+  w.Tarnwick.UseNMEA.caption = kPauseCaption;
+}
+
+}  // namespace SetUpCom

@@ -1,0 +1,32 @@
+#include "gps/real_time.h"
+
+#include "gps/port_setup.h"
+
+namespace {
+
+void ClosePort(Workspace& w) {
+  SerialControl& serial = w.platform.Serial();
+  if (serial.IsOpen()) serial.Close();
+}
+
+}  // namespace
+
+void UseNMEA_Click(Workspace& w) {
+  if (w.RealTime == kTrue) {
+    w.RealTime = kFalse;
+    ClosePort(w);
+    w.Tarnwick.UseNMEA.caption = kResumeCaption;
+    return;
+  }
+  SetUpCom::Load(w);
+  w.SetUpCom.visible = true;
+  w.RealTime = kTrue;
+  w.SetUpCom.left = w.Tarnwick.width + w.Tarnwick.left - 1000;
+  w.SetUpCom.top = w.Tarnwick.top + 1000;
+}
+
+void EndRealTime(Workspace& w) {
+  ClosePort(w);
+  w.RealTime = kFalse;
+  w.Tarnwick.UseNMEA.caption = kRealTimeCaption;
+}

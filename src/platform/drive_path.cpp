@@ -1,0 +1,86 @@
+#include "platform/drive_path.h"
+
+#include <string_view>
+#include <system_error>
+
+#include "platform/single_byte.h"
+#include "workspace/values.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool HasDrive(const std::string& path) {
+  const char letter = path.empty() ? '\0' : UpperOf(path[0]);
+  return path.size() >= 2 && path[1] == ':' && letter >= 'A' && letter <= 'Z';
+}
+
+bool SameWithoutCase(const std::string& a, const std::string& b) {
+  return UpperOf(FromUtf8(a)) == UpperOf(FromUtf8(b));
+}
+
+// The entry of a folder whose name is this one but for case; the name itself if there is none.
+fs::path EntryOf(const fs::path& folder, const std::string& name) {
+  std::error_code error;
+  if (fs::exists(folder / name, error)) return folder / name;
+  fs::directory_iterator at(folder, error);
+  for (; !error && at != fs::directory_iterator(); at.increment(error))
+    if (SameWithoutCase(at->path().filename().string(), name)) return at->path();
+  return folder / name;
+}
+
+// Whether a name matches a pattern of upper-case characters, * and ?.
+bool MatchesPattern(std::string_view name, std::string_view pattern) {
+  std::size_t n = 0;
+  std::size_t p = 0;
+  std::size_t star = std::string_view::npos;  // the last * passed, and what it took of the name
+  std::size_t taken = 0;
+  while (n < name.size()) {
+    if (p < pattern.size() && pattern[p] == '*') {
+      star = p++;
+      taken = n;
+    } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == UpperOf(name[n]))) {
+      ++p;
+      ++n;
+    } else if (star != std::string_view::npos) {
+      p = star + 1;
+      n = ++taken;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+}  // namespace
+
+fs::path NativePath(const fs::path& driveC, const std::string& path) {
+  if (!HasDrive(path)) return ToUtf8(path);
+  const char letter = UpperOf(path[0]);
+  fs::path native = driveC;
+  if (letter != 'C') native.replace_filename("drive_" + std::string(1, static_cast<char>(letter | 0x20)));
+  for (std::size_t at = 2; at < path.size();) {
+    const std::size_t end = std::min(path.find_first_of("\\/", at), path.size());
+    if (end > at) native = EntryOf(native, ToUtf8(std::string_view(path).substr(at, end - at)));
+    at = end + 1;
+  }
+  return native;
+}
+
+bool FileMatches(const fs::path& driveC, const std::string& pattern) {
+  std::error_code error;
+  if (pattern.find_first_of("*?") == std::string::npos)
+    return fs::is_regular_file(NativePath(driveC, pattern), error);
+  const std::size_t last = pattern.find_last_of(HasDrive(pattern) ? "\\/:" : "/");
+  const std::size_t nameAt = last == std::string::npos ? 0 : last + 1;
+  const std::string name = UpperOf(pattern.substr(nameAt));
+  const std::string folder = nameAt == 0 ? "." : pattern.substr(0, nameAt);
+  fs::directory_iterator at(NativePath(driveC, folder), error);
+  for (; !error && at != fs::directory_iterator(); at.increment(error)) {
+    std::error_code unreadable;
+    if (MatchesPattern(FromUtf8(at->path().filename().string()), name) &&
+        at->is_regular_file(unreadable))
+      return true;
+  }
+  return false;
+}

@@ -1,0 +1,66 @@
+// A complete platform without windows: it remembers what was asked of it. Tests, the journey driver
+// and the benchmarks run the program's real procedures on it.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "workspace/workspace.h"
+
+// A serial line that is fed by hand.
+struct HeadlessSerial : SerialControl {
+  std::set<int> ports;  // those that can be opened
+  int port = 0;
+  int bufferSize = 128;
+  int threshold = 0;
+  std::string settings;
+  bool open = false;
+  std::string waiting;  // what arrived and was not yet taken
+
+  bool SetCommPort(std::int16_t number) override;
+  void SetInBufferSize(int characters) override { bufferSize = characters; }
+  bool SetSettings(const std::string& text) override;
+  void SetRThreshold(int characters) override { threshold = characters; }
+  bool Open() override;
+  void Close() override;
+  bool IsOpen() const override { return open; }
+  std::string Input() override;
+};
+
+struct HeadlessPlatform : Platform {
+  // Compares names as the settings store does.
+  struct WithoutCase {
+    bool operator()(const std::string& a, const std::string& b) const;
+  };
+  struct Setting {
+    std::string section, key, text;
+  };
+
+  std::filesystem::path driveC;             // the folder that stands for drive c:
+  std::map<std::string, Setting, WithoutCase> settings;  // by section and key
+  std::vector<std::string> events;          // "MsgBox ...", "Shell ..." as they came
+  bool startsPrograms = true;               // false: every Shell fails
+  std::chrono::year_month_day today{std::chrono::floor<std::chrono::days>(
+      std::chrono::system_clock::now())};
+  HeadlessSerial serial;
+
+  std::string ReadSetting(const std::string& section, const std::string& key,
+                          const std::string& otherwise) override;
+  void StoreSetting(const std::string& section, const std::string& key,
+                    const std::string& text) override;
+  bool FileExists(const std::string& pattern) override;
+  std::filesystem::path NativePath(const std::string& path) override;
+  void MsgBox(const std::string& text) override { events.push_back("MsgBox " + text); }
+  bool Shell(const std::string& command, WindowStyle style) override;
+  void SetFocus(WindowName /*window*/) override {}
+  std::chrono::year_month_day Today() override { return today; }
+  SerialControl& Serial() override { return serial; }
+};
+
+// Characters arrive at the open port, all at once; the receiver is told while as many wait as its
+// threshold says. With the port closed they are lost.
+void Feed(Workspace& w, HeadlessPlatform& platform, const std::string& characters);

@@ -1,0 +1,55 @@
+#include "platform/qt/desktop.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+#include "platform/drive_path.h"
+#include "platform/qt/programs.h"
+#include "platform/qt/text.h"
+#include "workspace/workspace.h"
+
+Desktop::Desktop()
+    : driveC(std::filesystem::path(
+                 QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                     .toStdString()) /
+             "tarnwick" / "drive_c") {}
+
+std::string Desktop::ReadSetting(const std::string& section, const std::string& key,
+                                 const std::string& otherwise) {
+  return settings.Read(section, key, otherwise);
+}
+
+void Desktop::StoreSetting(const std::string& section, const std::string& key,
+                           const std::string& text) {
+  settings.Store(section, key, text);
+}
+
+bool Desktop::FileExists(const std::string& pattern) { return FileMatches(driveC, pattern); }
+
+std::filesystem::path Desktop::NativePath(const std::string& path) {
+  return ::NativePath(driveC, path);
+}
+
+void Desktop::MsgBox(const std::string& text) {
+  if (showRecord) showRecord();
+  QMessageBox box(QMessageBox::NoIcon, kProgramTitle, ToQt(text), QMessageBox::Ok,
+                  QApplication::activeWindow());
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  box.exec();
+  QApplication::restoreOverrideCursor();
+}
+
+bool Desktop::Shell(const std::string& command, WindowStyle /*style*/) {
+  return StartViewer(driveC, command);
+}
+
+void Desktop::SetFocus(WindowName window) {
+  if (focusWindow) focusWindow(window);
+}
+
+std::chrono::year_month_day Desktop::Today() {
+  const QDate today = QDate::currentDate();
+  return std::chrono::year(today.year()) / today.month() / today.day();
+}

@@ -1,0 +1,33 @@
+// The desktop as the logic sees it: settings, files, viewers, the message box, the serial port.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+
+#include "platform/platform.h"
+#include "platform/qt/serial.h"
+#include "platform/qt/settings.h"
+
+struct Desktop : Platform {
+  Desktop();
+
+  // Called before a message box opens and to bring a window to the front.
+  std::function<void()> showRecord;
+  std::function<void(WindowName)> focusWindow;
+
+  std::filesystem::path driveC;  // the folder that stands for drive c:
+  SettingsStore settings;
+  SerialPort serial;
+
+  std::string ReadSetting(const std::string& section, const std::string& key,
+                          const std::string& otherwise) override;
+  void StoreSetting(const std::string& section, const std::string& key,
+                    const std::string& text) override;
+  bool FileExists(const std::string& pattern) override;
+  std::filesystem::path NativePath(const std::string& path) override;
+  void MsgBox(const std::string& text) override;
+  bool Shell(const std::string& command, WindowStyle style) override;
+  void SetFocus(WindowName window) override;
+  std::chrono::year_month_day Today() override;
+  SerialControl& Serial() override { return serial; }
+};

@@ -1,0 +1,96 @@
+#include "platform/qt/framed_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/text.h"
+
+namespace {
+
+// A window manager may answer a placing with a place of its own for about this long.
+constexpr int kSettleMilliseconds = 400;
+
+// How much of a title bar must be on the screen to be taken hold of.
+constexpr int kReach = 80;
+
+int Pixels(float twips) {
+  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -1e6F, 1e6F)));
+}
+
+}  // namespace
+
+FramedWindow::FramedWindow(Mirror& mirror, Window& state) : mirror_(mirror), state_(state) {
+  setPalette(LightPalette());
+  setAutoFillBackground(true);
+  mirror.OnShow([this] { ShowState(); });
+}
+
+void FramedWindow::SetDefaultButton(QPushButton* button) {
+  if (default_ == button) return;
+  if (default_ != nullptr) default_->setDefault(false);
+  default_ = button;
+  if (default_ != nullptr) default_->setDefault(true);
+}
+
+QPoint FramedWindow::PlaceFor(QPoint wanted) const {
+  const QScreen* at = QGuiApplication::screenAt(wanted);
+  if (at == nullptr) at = QGuiApplication::primaryScreen();
+  const QRect screen = at->availableGeometry();
+  return {std::clamp(wanted.x(), screen.left() + kReach - width(), screen.right() - kReach),
+          std::clamp(wanted.y(), screen.top(), std::max(screen.top(), screen.bottom() - kReach))};
+}
+
+void FramedWindow::ShowState() {
+  if (shown_.caption != state_.caption || windowTitle().isEmpty())
+    setWindowTitle(ToQt(state_.caption));
+  // Size before place: a place set first would drift by the frame.
+  if (shown_.width != state_.width || shown_.height != state_.height) ShowSize();
+  const bool moved = shown_.left != state_.left || shown_.top != state_.top;
+  const bool appears = state_.visible && !isVisible();
+  if (moved || appears) {
+    Settle();
+    move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
+  }
+  shown_ = state_;
+  if (state_.visible != isVisible()) setVisible(state_.visible);
+}
+
+void FramedWindow::Settle() {
+  ++settling_;
+  QTimer::singleShot(kSettleMilliseconds, this, [this] { --settling_; });
+}
+
+bool FramedWindow::IsUsersDoing() const { return isVisible() && settling_ == 0 && !isMinimized(); }
+
+void FramedWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (onClose && !mirror_.IsBusy()) onClose();
+}
+
+void FramedWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    return QWidget::keyPressEvent(event);
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  QPushButton* button = focused != nullptr ? focused : default_;
+  if (button != nullptr && button->isVisible() && button->isEnabled()) button->click();
+}
+
+void FramedWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (!IsUsersDoing()) return;
+  shown_.left = state_.left = static_cast<float>(pos().x()) * kTwipsPerPixel;
+  shown_.top = state_.top = static_cast<float>(pos().y()) * kTwipsPerPixel;
+}
+
+void FramedWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (!IsUsersDoing()) return;
+  shown_.width = state_.width = static_cast<float>(width()) * kTwipsPerPixel;
+  shown_.height = state_.height = static_cast<float>(height()) * kTwipsPerPixel;
+}

@@ -1,0 +1,46 @@
+// What the program's four windows have in common on screen: their place and title follow the
+// record, Enter presses the default button, the frame's close button is told to the owner.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "platform/qt/mirror.h"
+
+class QPushButton;
+
+// One logical pixel, 1/96 inch.
+inline constexpr float kTwipsPerPixel = 15;
+
+class FramedWindow : public QWidget {
+ public:
+  FramedWindow(Mirror& mirror, Window& state);
+
+  // What the frame's close button does.
+  std::function<void()> onClose;
+  // The button that Enter presses; none at first.
+  void SetDefaultButton(QPushButton* button);
+
+ protected:
+  // Where the window goes for the place in the record; the title bar stays within reach.
+  virtual QPoint PlaceFor(QPoint wanted) const;
+  // Called when the record asks for another size.
+  virtual void ShowSize() {}
+  void ShowState();
+
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+  Mirror& mirror_;
+  Window& state_;
+
+ private:
+  bool IsUsersDoing() const;
+  void Settle();
+
+  Window shown_;
+  QPushButton* default_ = nullptr;
+  int settling_ = 0;  // placings whose consequences are still to come
+};

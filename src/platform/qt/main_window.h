@@ -1,0 +1,25 @@
+// The main window on screen.
+#pragma once
+
+#include "platform/qt/framed_window.h"
+#include "platform/qt/widgets.h"
+
+class QGridLayout;
+
+class MainWindowView : public FramedWindow {
+ public:
+  explicit MainWindowView(Mirror& mirror);
+
+ protected:
+  void ShowSize() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void LayOutPlace(QGridLayout* grid);
+  QWidget* AccuracyBox();
+  QWidget* ListingPanel();
+  void AlignReferenceCaptions();
+
+  Widgets widgets_;
+  QWidget* listing_ = nullptr;  // what lies below the height of the lookup layout
+};

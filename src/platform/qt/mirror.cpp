@@ -1,0 +1,199 @@
+#include "platform/qt/mirror.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "platform/qt/serial.h"
+#include "platform/qt/text.h"
+
+namespace {
+
+QColor ColourOf(const Rgb& colour) { return {colour.red, colour.green, colour.blue}; }
+
+void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
+  if (!colour && !widget->palette().isBrushSet(QPalette::Active, role)) return;
+  QPalette palette = widget->palette();
+  const QColor shown = colour ? ColourOf(*colour) : LightPalette().color(role);
+  palette.setColor(QPalette::Active, role, shown);
+  palette.setColor(QPalette::Inactive, role, shown);
+  widget->setPalette(palette);
+}
+
+// A hidden control keeps its place in the layout.
+void KeepPlace(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+// What the record holds of a typed text, shown in its place if a character had to give way.
+std::string Taken(QLineEdit* edit) {
+  const std::string text = FromQt(edit->text());
+  const QString shown = ToQt(text);
+  if (shown != edit->text()) {
+    const qsizetype cursor = ToQt(FromQt(edit->text().left(edit->cursorPosition()))).size();
+    const QSignalBlocker quiet(edit);
+    edit->setText(shown);
+    edit->setCursorPosition(static_cast<int>(cursor));
+  }
+  return text;
+}
+
+}  // namespace
+
+QPalette LightPalette() {
+  static const QPalette palette(QColor(240, 240, 240));
+  return palette;
+}
+
+bool Mirror::Run(const std::function<void(Workspace&)>& command) {
+  if (busy_) return false;
+  busy_ = true;
+  command(w);
+  busy_ = false;
+  Show();
+  if (onIdle) onIdle();
+  return true;
+}
+
+bool Mirror::Run(const Handler& handler) {
+  if (handler.readsDatabase) QApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool ran = Run(handler.run);
+  if (handler.readsDatabase) QApplication::restoreOverrideCursor();
+  return ran;
+}
+
+void Mirror::Show() {
+  showing_ = true;
+  for (const auto& update : updates_) update();
+  showing_ = false;
+}
+
+template <class State, class Update>
+void Mirror::OnChange(const State& state, Update update) {
+  OnShow([&state, update, shown = State{}, first = true]() mutable {
+    if (!first && shown == state) return;
+    shown = state;
+    first = false;
+    update();
+  });
+}
+
+void Mirror::Describe(QWidget* widget, const char* name, const char* tip) {
+  const QString mark = QString("[%1]").arg(name);
+  widget->setObjectName(name);
+  widget->setToolTip(tip);
+  widget->setAccessibleDescription(*tip == '\0' ? mark : QString("%1 %2").arg(tip, mark));
+}
+
+void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QLineEdit* edit) {
+  Describe(edit, name, state.tip);
+  KeepPlace(edit);
+  edit->setMaxLength(std::numeric_limits<int>::max());
+  edit->setReadOnly(state.readOnly);
+  QObject::connect(edit, &QLineEdit::textChanged, edit, [this, edit, &state] {
+    if (!showing_) state.text = Taken(edit);
+  });
+  OnChange(state, [edit, &state] {
+    const QString text = ToQt(state.text);
+    if (edit->text() != text) {
+      edit->setText(text);
+      if (state.readOnly) edit->setCursorPosition(0);
+    }
+    Paint(edit, QPalette::Text, state.fore);
+    Paint(edit, QPalette::Base, state.back);
+    edit->setEnabled(state.enabled);
+    edit->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QPlainTextEdit* edit) {
+  Describe(edit, name, state.tip);
+  KeepPlace(edit);
+  edit->setReadOnly(state.readOnly);
+  edit->setTabChangesFocus(true);
+  QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [this, edit, &state] {
+    if (!showing_) state.text = FromQt(edit->toPlainText());
+  });
+  OnChange(state, [edit, &state] {
+    const QString text = ToQt(state.text);
+    if (edit->toPlainText() != text) edit->setPlainText(text);
+    edit->setEnabled(state.enabled);
+    edit->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName /*window*/, const char* name, Label& state, QLabel* label) {
+  Describe(label, name, "");
+  KeepPlace(label);
+  label->setTextFormat(Qt::PlainText);
+  OnChange(state, [label, &state] {
+    label->setText(ToQt(state.caption));
+    Paint(label, QPalette::WindowText, state.fore);
+    Paint(label, QPalette::Window, state.back);
+    label->setAutoFillBackground(state.back.has_value());
+    label->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName window, const char* name, Button& state, QPushButton* button) {
+  Describe(button, name, state.tip);
+  KeepPlace(button);
+  if (const Handler* handler = ClickHandler(window, name))
+    QObject::connect(button, &QPushButton::clicked, button, [this, handler] { Run(*handler); });
+  OnChange(state, [button, &state] {
+    button->setText(ToQt(state.caption));
+    Paint(button, QPalette::Button, state.back);
+    button->setEnabled(state.enabled);
+    button->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName window, const char* name, CheckBox& state, QCheckBox* box) {
+  Describe(box, name, state.tip);
+  KeepPlace(box);
+  const Handler* handler = ClickHandler(window, name);
+  QObject::connect(box, &QCheckBox::toggled, box, [this, handler, &state](bool checked) {
+    if (showing_) return;
+    state.checked = checked;
+    if (handler != nullptr) Run(*handler);
+  });
+  OnChange(state, [box, &state] {
+    box->setText(ToQt(state.caption));
+    box->setChecked(state.checked);
+    box->setEnabled(state.enabled);
+    box->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName /*window*/, const char* name, ComboBox& state, QComboBox* box) {
+  Describe(box, name, "");
+  KeepPlace(box);
+  box->setEditable(true);
+  box->setInsertPolicy(QComboBox::NoInsert);
+  box->setCompleter(nullptr);
+  QObject::connect(box, &QComboBox::currentTextChanged, box, [this, box, &state] {
+    if (!showing_) state.text = Taken(box->lineEdit());
+  });
+  OnChange(state, [box, &state] {
+    if (box->count() != static_cast<int>(state.items.size())) {
+      box->clear();
+      for (const std::string& item : state.items) box->addItem(ToQt(item));
+    }
+    if (box->currentText() != ToQt(state.text)) box->setEditText(ToQt(state.text));
+    box->setEnabled(state.enabled);
+    box->setVisible(state.visible);
+  });
+}
+
+void Mirror::Bind(WindowName /*window*/, const char* name, Frame& state, QFrame* frame) {
+  Describe(frame, name, "");
+  KeepPlace(frame);
+  OnChange(state, [frame, &state] { frame->setVisible(state.visible); });
+}

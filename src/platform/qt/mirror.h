@@ -1,0 +1,66 @@
+// Keeps the windows on screen and the record's view fields alike. A user's edit goes into the
+// record as it happens; a command runs on the record, and when the outermost one has ended the
+// widgets show what has changed.
+#pragma once
+
+#include <QPalette>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workspace/handlers.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QWidget;
+
+// The palette that the fields' colours were chosen for; every window has it, on a dark desktop too.
+QPalette LightPalette();
+
+class Mirror {
+ public:
+  explicit Mirror(Workspace& record) : w(record) {}
+
+  Workspace& w;
+
+  // Runs a command and shows what it changed. While one runs, as under a message box, no other
+  // starts: false.
+  bool Run(const std::function<void(Workspace&)>& command);
+  bool Run(const Handler& handler);
+  bool IsBusy() const { return busy_; }
+  // Called after each command.
+  std::function<void()> onIdle;
+
+  // Brings the windows to the state of the record.
+  void Show();
+  // Has `update` called by every Show.
+  void OnShow(std::function<void()> update) { updates_.push_back(std::move(update)); }
+
+  // Ties a control of the record to its widget, which gets its name, tool tip and description.
+  // Edits by the user, a screen reader or an input method go into the record; clicks run the
+  // control's command.
+  void Bind(WindowName window, const char* name, TextBox& state, QLineEdit* edit);
+  void Bind(WindowName window, const char* name, TextBox& state, QPlainTextEdit* edit);
+  void Bind(WindowName window, const char* name, Label& state, QLabel* label);
+  void Bind(WindowName window, const char* name, Button& state, QPushButton* button);
+  void Bind(WindowName window, const char* name, CheckBox& state, QCheckBox* box);
+  void Bind(WindowName window, const char* name, ComboBox& state, QComboBox* box);
+  void Bind(WindowName window, const char* name, Frame& state, QFrame* frame);
+
+  // A widget's name, tool tip and what assistive tools read of them.
+  static void Describe(QWidget* widget, const char* name, const char* tip);
+
+ private:
+  template <class State, class Update>
+  void OnChange(const State& state, Update update);
+
+  std::vector<std::function<void()>> updates_;
+  bool busy_ = false;
+  bool showing_ = false;  // the widgets' own signals are the mirror's doing
+};

@@ -1,0 +1,72 @@
+#include "platform/qt/pointing_window.h"
+
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+constexpr const char* kFields[][2] = {{"Label5", "BearText"},
+                                      {"Label6", "BackBearText"},
+                                      {"Label4", "DistText"},
+                                      {"Label12", "UncertText"}};
+
+}  // namespace
+
+PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow)
+    : FramedWindow(mirror, mirror.w.BearingCalc),
+      main_(mainWindow),
+      widgets_(mirror, WindowName::BearingCalc, mirror.w.BearingCalc, this),
+      compass_(new CompassPicture(mirror.w.BearingCalc.C, this)) {
+  // The next place is typed in the main window, so that keeps the focus.
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  widgets_["BearText"]->setFont(FontOf(this, 17.25, true));
+  widgets_["BackBearText"]->setFont(FontOf(this, 12, true));
+  widgets_["DistText"]->setFont(FontOf(this, 12, true));
+  MakeRoomFor(widgets_.As<QLineEdit>("BearText"), "000.0");
+  MakeRoomFor(widgets_.As<QLineEdit>("DistText"), "00000.000");
+  MakeRoomFor(widgets_.As<QLineEdit>("UncertText"), "00.000deg / 00.00km / ");
+  widgets_["Ipt"]->setAccessibleName("Input");
+
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(widgets_["Ipt"], 0, 0, 1, 3);
+  int row = 1;
+  for (const auto& [label, field] : kFields) {
+    widgets_.Label(label, field);
+    widgets_.As<QLabel>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    widgets_[label]->setMinimumWidth(widgets_[label]->sizeHint().width());
+    grid->addWidget(widgets_[label], row, 0);
+    grid->addWidget(widgets_[field], row++, 1);
+  }
+  grid->addWidget(compass_, 1, 2, 2, 1);
+  grid->setColumnStretch(2, 1);
+  grid->setRowStretch(1, 1);
+  grid->setRowStretch(2, 1);
+
+  const PictureBox& picture = mirror.w.BearingCalc.C;
+  Mirror::Describe(compass_, "C", "");
+  compass_->setAccessibleName("Compass");
+  QSizePolicy policy = compass_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  compass_->setSizePolicy(policy);
+  mirror.OnShow([this, &picture, shown = PictureBox{}]() mutable {
+    compass_->setVisible(picture.visible);
+    if (shown == picture) return;
+    shown = picture;
+    compass_->update();
+  });
+  resize(QSize(static_cast<int>(state_.width / kTwipsPerPixel),
+               static_cast<int>(state_.height / kTwipsPerPixel))
+             .expandedTo(grid->totalMinimumSize()));
+}
+
+// A place above the screen would come down onto the main window; beside it is better, where there
+// is room.
+QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
+  const QPoint reachable = FramedWindow::PlaceFor(wanted);
+  const QRect main = main_.frameGeometry();
+  const int beside = main.right() + 1;
+  if (reachable.y() == wanted.y() || !main.intersects(QRect(reachable, size()))) return reachable;
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  return beside + width() <= screen.right() ? QPoint(beside, reachable.y()) : reachable;
+}

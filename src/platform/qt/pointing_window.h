@@ -1,0 +1,19 @@
+// The Pointing window on screen.
+#pragma once
+
+#include "platform/qt/compass_picture.h"
+#include "platform/qt/framed_window.h"
+#include "platform/qt/widgets.h"
+
+class PointingWindowView : public FramedWindow {
+ public:
+  PointingWindowView(Mirror& mirror, const QWidget& mainWindow);
+
+ protected:
+  QPoint PlaceFor(QPoint wanted) const override;
+
+ private:
+  const QWidget& main_;
+  Widgets widgets_;
+  CompassPicture* compass_;
+};

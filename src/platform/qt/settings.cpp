@@ -1,0 +1,34 @@
+#include "platform/qt/settings.h"
+
+#include "platform/qt/text.h"
+#include "workspace/workspace.h"
+
+namespace {
+
+// The name under which a setting stands in the file, whose names tell case apart.
+QString NameOf(const QSettings& settings, const std::string& section, const std::string& key) {
+  const QString wanted = ToQt(section + "/" + key);
+  for (const QString& name : settings.allKeys())
+    if (name.compare(wanted, Qt::CaseInsensitive) == 0) return name;
+  return wanted;
+}
+
+}  // namespace
+
+SettingsStore::SettingsStore()
+    : settings(QSettings::IniFormat, QSettings::UserScope, kProgramTitle, kProgramTitle) {
+  settings.setFallbacksEnabled(false);
+}
+
+std::string SettingsStore::Read(const std::string& section, const std::string& key,
+                                const std::string& otherwise) const {
+  const QVariant value = settings.value(NameOf(settings, section, key));
+  if (!value.isValid()) return otherwise;
+  // A text with a comma that someone wrote by hand reads as a list.
+  return FromQt(value.toStringList().join(", "));
+}
+
+void SettingsStore::Store(const std::string& section, const std::string& key,
+                          const std::string& text) {
+  settings.setValue(NameOf(settings, section, key), ToQt(text));
+}

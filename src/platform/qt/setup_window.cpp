@@ -1,0 +1,26 @@
+#include "platform/qt/setup_window.h"
+
+#include <QGridLayout>
+#include <QPlainTextEdit>
+
+#include "platform/qt/serial.h"
+#include "platform/qt/text.h"
+
+SetUpWindowView::SetUpWindowView(Mirror& mirror)
+    : FramedWindow(mirror, mirror.w.SetUpCom),
+      widgets_(mirror, WindowName::SetUpCom, mirror.w.SetUpCom, this) {
+  widgets_.Label("Label2", "CPort");
+  widgets_.Label("Label1", "Baud");
+  widgets_["Text1"]->setAccessibleName("Message");
+
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(widgets_["Label2"], 0, 0);
+  grid->addWidget(widgets_["Label1"], 0, 1);
+  grid->addWidget(widgets_["CPort"], 1, 0);
+  grid->addWidget(widgets_["Baud"], 1, 1);
+  grid->addWidget(widgets_["Command1"], 2, 0, 1, 2, Qt::AlignCenter);
+  grid->addWidget(widgets_["Text1"], 3, 0, 1, 2);
+  resize(QSize(static_cast<int>(state_.width / kTwipsPerPixel),
+               static_cast<int>(state_.height / kTwipsPerPixel))
+             .expandedTo(grid->totalMinimumSize()));
+}

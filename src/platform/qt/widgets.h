@@ -1,0 +1,74 @@
+// Makes the widgets of a window from its record.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <map>
+#include <string_view>
+
+#include "platform/qt/mirror.h"
+
+// A label that gives way: a caption too long for its place ends in dots and is the tool tip.
+class CaptionLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+QLineEdit* MakeWidget(const TextBox& state, QWidget* parent);
+QLabel* MakeWidget(const Label& state, QWidget* parent);
+QPushButton* MakeWidget(const Button& state, QWidget* parent);
+QCheckBox* MakeWidget(const CheckBox& state, QWidget* parent);
+QComboBox* MakeWidget(const ComboBox& state, QWidget* parent);
+QFrame* MakeWidget(const Frame& state, QWidget* parent);
+
+// The widgets of a window by the names of their controls.
+class Widgets {
+ public:
+  // Makes a widget for every control that has none yet and binds it; the tab order is that of the
+  // record.
+  template <class Record>
+  Widgets(Mirror& mirror, WindowName window, Record& record, QWidget* parent) {
+    QWidget* before = nullptr;
+    Record::EachControl(record, [&](const char* name, auto& state) {
+      if constexpr (requires { MakeWidget(state, parent); }) {
+        auto* widget = MakeWidget(state, parent);
+        mirror.Bind(window, name, state, widget);
+        byName_[name] = widget;
+        byState_[&state] = widget;
+        if (before != nullptr) QWidget::setTabOrder(before, widget);
+        before = widget;
+      }
+    });
+  }
+
+  QWidget* operator[](std::string_view name) const { return byName_.at(name); }
+  template <class Kind>
+  Kind* As(std::string_view name) const {
+    return static_cast<Kind*>(byName_.at(name));
+  }
+  QPushButton* ButtonOf(const Button& state) const {
+    return static_cast<QPushButton*>(byState_.at(&state));
+  }
+  // The label's text names the field for assistive tools.
+  void Label(std::string_view label, std::string_view field) const {
+    As<QLabel>(label)->setBuddy(byName_.at(field));
+  }
+
+ private:
+  std::map<std::string_view, QWidget*> byName_;
+  std::map<const void*, QWidget*> byState_;
+};
+
+// The desktop's font in another size and weight, never smaller than the desktop's own.
+QFont FontOf(const QWidget* widget, double points, bool bold);
+
+// Makes a field wide enough for a text in its own font.
+void MakeRoomFor(QLineEdit* edit, const char* text);

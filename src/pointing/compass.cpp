@@ -1,0 +1,37 @@
+#include "pointing/compass.h"
+
+#include <cmath>
+
+#include "geo/angles.h"
+
+namespace {
+
+using Kind = DrawOperation::Kind;
+
+constexpr Rgb kGround{250, 250, 180};
+
+}  // namespace
+
+void Cls(PictureBox& picture) { picture.operations.clear(); }
+
+void Draw(Workspace& w) {
+  PictureBox& c = w.BearingCalc.C;
+  c.back = kGround;
+  Cls(c);
+  const double angle = (90 - w.Bearing) / kDegreesPerRadian;
+  c.operations.push_back({.kind = Kind::Line,
+                          .x2 = ToSingle(std::cos(angle)),
+                          .y2 = ToSingle(-std::sin(angle)),
+                          .colour = kBlack});
+  c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kRed});
+
+  // The point that sets the place of a letter has the colour of the ground and leaves no mark.
+  const struct {
+    const char* letter;
+    float x, y;
+  } letters[] = {{"N", -0.2F, -1.6F}, {"S", -0.2F, 0.9F}, {"W", -1.5F, -0.35F}, {"E", 1.2F, -0.35F}};
+  for (const auto& [letter, x, y] : letters) {
+    c.operations.push_back({.kind = Kind::PSet, .x1 = x, .y1 = y, .colour = kGround});
+    c.operations.push_back({.kind = Kind::Print, .text = letter});
+  }
+}

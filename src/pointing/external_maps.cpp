@@ -1,0 +1,23 @@
+#include "pointing/external_maps.h"
+
+namespace {
+
+// What a viewer makes of it is no concern of the program's, a failed start included.
+void Start(Workspace& w, const std::string& target) {
+  if (!w.platform.Shell("cmd /c  start " + target, WindowStyle::MinimisedWithFocus)) return;
+}
+
+}  // namespace
+
+void LookForMaps(Workspace& w) {
+  w.MapPath = "c:\\OS_Maps\\";
+  if (w.platform.FileExists(w.MapPath + "*.jpg")) w.Tarnwick.OSMap.enabled = true;
+}
+
+void Gmap_Click(Workspace& w) {
+  const std::string position = FormatPicture(w.Lat, "###.######") + "," +
+                               FormatPicture(w.Lon, "####.######") + ",14z";
+  Start(w, std::string(kMapService) + "/maps/@" + position);
+}
+
+void OSMap_Click(Workspace& w) { Start(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG"); }

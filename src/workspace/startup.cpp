@@ -1,0 +1,101 @@
+#include "workspace/startup.h"
+
+#include "geo/grid_encoder.h"
+#include "geo/lat_long_display.h"
+#include "geo/locator.h"
+#include "gps/port_setup.h"
+#include "gps/real_time.h"
+#include "pointing/external_maps.h"
+#include "sites/site_database.h"
+#include "workspace/home_station.h"
+
+namespace {
+
+constexpr Rgb kGreen{180, 255, 200};
+constexpr const char* kDefaultDatabase = "c:\\geog\\Sites.dat";
+
+// Shows the stored pair in Lat and Lon as a place and makes it the home station. No distance is
+// worked out: the figures show zeros until the first Use This.
+void RestoreHome(Workspace& w) {
+  MainWindow& main = w.Tarnwick;
+  PointingWindow& pointing = w.BearingCalc;
+  w.BaseLat = w.Lat;
+  w.BaseLong = w.Lon;
+  main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
+                        "  Long: " + FormatPicture(w.BaseLong, "####.###");
+  pointing.Ipt.text = main.InputText.text;
+  for (TextBox* box : {&main.LocText, &main.NGRText, &main.LLText}) box->back = kGreen;
+  ShowLatLong(w);
+  std::string lc;
+  GenLocator(w.Lat, w.Lon, lc);
+  main.LocText.fore = kBlack;
+  main.LocText.text = lc;
+  std::string ngr;
+  GenNGR(w, w.Lat, w.Lon, ngr);
+  main.NGRText.text = ngr;
+  main.SetHome.enabled = true;
+  pointing.DistText.text = FormatPicture(w.Dist, "####0.00#");
+  pointing.BearText.text = FormatPicture(w.Bearing, "##0.0");
+  pointing.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
+  pointing.UncertText.text =
+      FormatPicture(w.DistUncert, "0.00#km ") + FormatPicture(w.BearUncert, "0.0 deg");
+  w.sitename.clear();
+  SetHome_Click(w);
+}
+
+}  // namespace
+
+void Form_Load(Workspace& w) {
+  Platform& platform = w.platform;
+  MainWindow& main = w.Tarnwick;
+  w.BaseSet = kFalse;
+  const std::string left = platform.ReadSetting("FormPLace", "Left", "0");
+  const std::string top = platform.ReadSetting("FormPLace", "Top", "100");
+  const std::string baud = platform.ReadSetting("CPort", "Baud", "9600");
+  const std::string port = platform.ReadSetting("CPort", "CP", "1");
+  const std::string database = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
+  const std::string noHome = NumberToText(kNoHome);
+  w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", noHome));
+  w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", noHome));
+  if (w.Lat < 500 && w.Lon < 500) RestoreHome(w);
+
+  SetUpCom::Load(w);
+  w.SetUpCom.CPort.text = port;
+  w.SetUpCom.Baud.text = baud;
+
+  main.top = ToSingle(TextToNumber(top));
+  main.left = ToSingle(TextToNumber(left));
+  main.height = kLookupHeight;
+  w.BearingCalc.left = ToSingle(main.width * 0.8 + main.left);
+  w.BearingCalc.top = main.top - 2000;
+  w.BearingCalc.loaded = true;
+
+  main.LocDatabase.text = database;
+  w.RealTime = kFalse;
+  main.UseNMEA.caption = kRealTimeCaption;
+  LookForMaps(w);
+  main.loaded = true;
+  main.visible = true;
+}
+
+void Form_Unload(Workspace& w) {
+  Platform& platform = w.platform;
+  if (platform.Serial().IsOpen()) platform.Serial().Close();
+  const std::string left = NumberToText(w.Tarnwick.left);
+  const std::string top = NumberToText(w.Tarnwick.top);
+  platform.StoreSetting("FormPLace", "Left", left);
+  platform.StoreSetting("FormPLace", "Top", top);
+  platform.StoreSetting("CPort", "Baud", w.SetUpCom.Baud.text);
+  platform.StoreSetting("CPOrt", "CP", w.SetUpCom.CPort.text);
+  platform.StoreSetting("LocDB", "DB", w.Tarnwick.LocDatabase.text);
+  if (w.Tarnwick.SaveOnExit.checked) {
+    platform.StoreSetting("Home", "Lat", NumberToText(w.BaseLat));
+    platform.StoreSetting("Home", "Long", NumberToText(w.BaseLong));
+  }
+  CloseDatabase(w);
+  w.ShowList = {};
+  w.SetUpCom = {};
+  w.BearingCalc = {};
+  w.Tarnwick.visible = false;
+  w.Tarnwick.loaded = false;
+}
