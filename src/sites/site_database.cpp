@@ -8,7 +8,6 @@
 namespace {
 
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
-constexpr int kEntryLength = 28;
 
 unsigned char Folded(char c) { return static_cast<unsigned char>(UpperOf(c)); }
 

@@ -12,6 +12,9 @@
 // A line longer than this is no line: it is read and passed over.
 inline constexpr std::size_t kLongestLine = 32766;
 
+// A lookup shows this many characters of a line.
+inline constexpr int kEntryLength = 28;
+
 // One line taken apart; the views live as long as the line.
 struct SiteLine {
   bool isRecord = false;      // there is a "~"

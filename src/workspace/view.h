@@ -25,6 +25,7 @@ struct TextBox {
   Colour fore{};
   Colour back{};
   bool readOnly = false;  // to the user
+  bool manyLines = false;
   bool enabled = true;
   bool visible = true;
   const char* tip = "";
@@ -230,7 +231,7 @@ struct SetUpWindow : Window {
   Label Label1{.caption = "Baud Rate"};
   ComboBox Baud{.text = "4800", .items = {"4800", "9600", "19200"}};
   Button Command1{.caption = "Open COM Port"};
-  TextBox Text1{.readOnly = true};  // several lines
+  TextBox Text1{.readOnly = true, .manyLines = true};
 
   // What the receiver has sent since the last carriage return, by MSComm1_OnComm.
   std::string RxBuffer;

@@ -16,6 +16,9 @@ namespace {
 // A window manager may answer a placing with a place of its own for about this long.
 constexpr int kSettleMilliseconds = 400;
 
+// How long the frame of a window that appears may take; only then can it be placed exactly.
+constexpr int kFrameMilliseconds = 50;
+
 // How much of a title bar must be on the screen to be taken hold of.
 constexpr int kReach = 80;
 
@@ -53,17 +56,16 @@ void FramedWindow::ShowState() {
   if (shown_.width != state_.width || shown_.height != state_.height) ShowSize();
   const bool moved = shown_.left != state_.left || shown_.top != state_.top;
   const bool appears = state_.visible && !isVisible();
-  if (moved || appears) {
-    Settle();
-    move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
-  }
   shown_ = state_;
+  if (moved || appears) Place();
   if (state_.visible != isVisible()) setVisible(state_.visible);
+  if (appears) QTimer::singleShot(kFrameMilliseconds, this, [this] { Place(); });
 }
 
-void FramedWindow::Settle() {
+void FramedWindow::Place() {
   ++settling_;
   QTimer::singleShot(kSettleMilliseconds, this, [this] { --settling_; });
+  move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
 }
 
 bool FramedWindow::IsUsersDoing() const { return isVisible() && settling_ == 0 && !isMinimized(); }

@@ -38,7 +38,7 @@ class FramedWindow : public QWidget {
 
  private:
   bool IsUsersDoing() const;
-  void Settle();
+  void Place();
 
   Window shown_;
   QPushButton* default_ = nullptr;

@@ -53,7 +53,7 @@ MainWindowView::MainWindowView(Mirror& mirror)
   // From here on the record knows how wide the window really is.
   state_.width = std::max(state_.width, static_cast<float>(sizeHint().width()) * kTwipsPerPixel);
   widgets_["InputText"]->installEventFilter(this);
-  widgets_["LocText"]->installEventFilter(this);
+  widgets_["NGRText"]->installEventFilter(this);
   widgets_["InputText"]->setFocus();
   mirror.OnShow([this] {
     const MainWindow& main = mirror_.w.Tarnwick;
@@ -114,7 +114,7 @@ QWidget* MainWindowView::AccuracyBox() {
   }
   widgets_["Frame1"]->setFixedSize(kAccuracySquare);
   grid->addWidget(widgets_["Label5"], 0, 0, 1, 2);
-  grid->addWidget(widgets_["Xdim"], 1, 1, Qt::AlignHCenter);
+  grid->addWidget(widgets_["Xdim"], 1, 1);
   grid->addWidget(widgets_["Ydim"], 2, 0);
   grid->addWidget(widgets_["Frame1"], 2, 1, Qt::AlignHCenter);
   return box;
@@ -176,7 +176,7 @@ void MainWindowView::AlignReferenceCaptions() {
 }
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == widgets_["LocText"]) {
+  if (watched == widgets_["NGRText"]) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) AlignReferenceCaptions();
   } else if (event->type() == QEvent::MouseButtonRelease) {
     const auto* mouse = static_cast<QMouseEvent*>(event);

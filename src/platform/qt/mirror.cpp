@@ -77,10 +77,12 @@ void Mirror::Show() {
 
 template <class State, class Update>
 void Mirror::OnChange(const State& state, Update update) {
-  OnShow([&state, update, shown = State{}, first = true]() mutable {
-    if (!first && shown == state) return;
+  showing_ = true;
+  update();
+  showing_ = false;
+  OnShow([&state, update, shown = state]() mutable {
+    if (shown == state) return;
     shown = state;
-    first = false;
     update();
   });
 }

@@ -57,6 +57,7 @@ class Mirror {
   static void Describe(QWidget* widget, const char* name, const char* tip);
 
  private:
+  // Has `update` called now and after every change of the state.
   template <class State, class Update>
   void OnChange(const State& state, Update update);
 

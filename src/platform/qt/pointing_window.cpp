@@ -34,7 +34,6 @@ PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow
   for (const auto& [label, field] : kFields) {
     widgets_.Label(label, field);
     widgets_.As<QLabel>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    widgets_[label]->setMinimumWidth(widgets_[label]->sizeHint().width());
     grid->addWidget(widgets_[label], row, 0);
     grid->addWidget(widgets_[field], row++, 1);
   }

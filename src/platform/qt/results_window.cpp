@@ -1,14 +1,99 @@
 #include "platform/qt/results_window.h"
 
 #include <QBoxLayout>
+#include <QFontDatabase>
+#include <QStyle>
+
+#include "platform/qt/text.h"
+#include "sites/results.h"
+#include "sites/site_database.h"
+
+int EntriesModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : known_;
+}
+
+QVariant EntriesModel::data(const QModelIndex& index, int role) const {
+  const auto row = static_cast<std::size_t>(index.row());
+  if (role != Qt::DisplayRole || row >= state_.items.size()) return {};
+  return ToQt(state_.items[row]);
+}
+
+bool EntriesModel::Follow() {
+  const int count = static_cast<int>(state_.items.size());
+  if (count == known_) return false;
+  beginResetModel();
+  known_ = count;
+  endResetModel();
+  return true;
+}
+
+EntriesView::EntriesView(QWidget* parent) : QListView(parent) {
+  setFlow(QListView::TopToBottom);
+  setWrapping(true);
+  setResizeMode(QListView::Adjust);
+  setUniformItemSizes(true);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+}
+
+void EntriesView::SetColumns(int columns) {
+  if (columns == columns_) return;
+  columns_ = columns;
+  FitColumns();
+}
+
+int EntriesView::EntryWidth() const {
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  return fontMetrics().horizontalAdvance(QString(kEntryLength, 'W')) + 2 * margin;
+}
+
+void EntriesView::FitColumns() {
+  setGridSize({std::max(1, viewport()->width() / std::max(1, columns_)), fontMetrics().height() + 1});
+}
+
+void EntriesView::resizeEvent(QResizeEvent* event) {
+  FitColumns();
+  QListView::resizeEvent(event);
+}
 
 ResultsWindowView::ResultsWindowView(Mirror& mirror)
     : FramedWindow(mirror, mirror.w.ShowList),
-      widgets_(mirror, WindowName::ShowList, mirror.w.ShowList, this) {
+      widgets_(mirror, WindowName::ShowList, mirror.w.ShowList, this),
+      view_(new EntriesView(this)),
+      model_(mirror.w.ShowList.PR, this) {
+  Mirror::Describe(view_, "PR", "");
+  view_->setAccessibleName("Sites found");
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setFamilies({"Lucida Console", fixed.family()});
+  fixed.setPointSizeF(std::max(8.25, font().pointSizeF()));
+  view_->setFont(fixed);
+  view_->setModel(&model_);
+  fixed.setPointSizeF(std::max(12.0, font().pointSizeF()));
+  widgets_["OK"]->setFont(fixed);
+
   auto* column = new QVBoxLayout(this);
-  column->addStretch();
+  column->addWidget(view_, 1);
   column->addWidget(widgets_["OK"], 0, Qt::AlignLeft);
-  resize(static_cast<int>(state_.width / kTwipsPerPixel),
+  const QMargins margins = column->contentsMargins();
+  const int entries = 4 * view_->EntryWidth() + 2 * view_->frameWidth();
+  resize(std::max(static_cast<int>(state_.width / kTwipsPerPixel),
+                  entries + margins.left() + margins.right()),
          static_cast<int>(state_.height / kTwipsPerPixel));
-  mirror.OnShow([this] { SetDefaultButton(widgets_.ButtonOf(mirror_.w.ShowList.OK)); });
+
+  connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) { mirror_.w.ShowList.PR.index = current.row(); });
+  static constexpr Handler kPick{WindowName::ShowList, "PR", ShowList::PR_DblClick, true};
+  connect(view_, &QListView::doubleClicked, this, [this] { mirror_.Run(kPick); });
+  mirror.OnShow([this] { ShowList(); });
+}
+
+void ResultsWindowView::ShowList() {
+  const ResultsWindow& window = mirror_.w.ShowList;
+  SetDefaultButton(widgets_.ButtonOf(window.*window.defaultButton));
+  view_->SetColumns(window.PR.columns);
+  const int index = window.PR.index;
+  if (model_.Follow() && index >= 0) view_->setCurrentIndex(model_.index(index));
+  if (index < 0) view_->setCurrentIndex({});
 }

@@ -6,7 +6,12 @@
 
 #include "platform/qt/text.h"
 
-QSize CaptionLabel::minimumSizeHint() const { return {0, QLabel::minimumSizeHint().height()}; }
+QSize CaptionLabel::minimumSizeHint() const {
+  constexpr int kLongestCaption = 40;  // average characters
+  const QSize natural = QLabel::minimumSizeHint();
+  return {std::min(natural.width(), kLongestCaption * fontMetrics().averageCharWidth()),
+          natural.height()};
+}
 
 void CaptionLabel::paintEvent(QPaintEvent* event) {
   const int room = contentsRect().width();

@@ -6,13 +6,15 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <map>
 #include <string_view>
 
 #include "platform/qt/mirror.h"
 
-// A label that gives way: a caption too long for its place ends in dots and is the tool tip.
+// A label that doesn't stretch its window: a caption too long for its place ends in dots, and is the
+// tool tip in full.
 class CaptionLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -32,15 +34,14 @@ QFrame* MakeWidget(const Frame& state, QWidget* parent);
 // The widgets of a window by the names of their controls.
 class Widgets {
  public:
-  // Makes a widget for every control that has none yet and binds it; the tab order is that of the
+  // Makes and binds a widget for every control but lists and pictures; the tab order is that of the
   // record.
   template <class Record>
   Widgets(Mirror& mirror, WindowName window, Record& record, QWidget* parent) {
     QWidget* before = nullptr;
     Record::EachControl(record, [&](const char* name, auto& state) {
       if constexpr (requires { MakeWidget(state, parent); }) {
-        auto* widget = MakeWidget(state, parent);
-        mirror.Bind(window, name, state, widget);
+        QWidget* widget = Make(mirror, window, name, state, parent);
         byName_[name] = widget;
         byState_[&state] = widget;
         if (before != nullptr) QWidget::setTabOrder(before, widget);
@@ -63,6 +64,19 @@ class Widgets {
   }
 
  private:
+  template <class State>
+  static QWidget* Make(Mirror& mirror, WindowName window, const char* name, State& state,
+                       QWidget* parent) {
+    if constexpr (requires { state.manyLines; })
+      if (state.manyLines) return Bound(mirror, window, name, state, new QPlainTextEdit(parent));
+    return Bound(mirror, window, name, state, MakeWidget(state, parent));
+  }
+  static QWidget* Bound(Mirror& mirror, WindowName window, const char* name, auto& state,
+                        auto* widget) {
+    mirror.Bind(window, name, state, widget);
+    return widget;
+  }
+
   std::map<std::string_view, QWidget*> byName_;
   std::map<const void*, QWidget*> byState_;
 };

@@ -1,0 +1,27 @@
+#!/bin/sh
+# Installs what is missing, builds the release and starts the program.
+set -eu
+cd "$(dirname "$0")"
+
+packaging/install.sh run
+cmake --preset release >/dev/null
+cmake --build --preset release
+
+# The sample database, where the program looks at first; what is there already stays.
+drive=${XDG_DATA_HOME:-$HOME/.local/share}/tarnwick/drive_c
+if ! [ -e "$drive/geog/Sites.dat" ]; then
+  mkdir -p "$drive/geog"
+  cp data/Sites.dat "$drive/geog/Sites.dat"
+fi
+
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
+  cat <<'TEXT'
+There is no display here, so the program shows its windows over VNC, to this machine alone.
+Look at them with a VNC viewer at 127.0.0.1:5900. From another machine, tunnel there first:
+  ssh -L 5900:127.0.0.1:5900 THIS-MACHINE
+Ctrl+C ends the program.
+TEXT
+  export QT_QPA_PLATFORM=vnc:port=5900:size=1280x800
+  export LD_PRELOAD="$PWD/build/release/libloopback_only.so"
+fi
+exec build/release/tarnwick

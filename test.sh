@@ -1,0 +1,34 @@
+#!/bin/sh
+# Installs what is missing, builds with warnings as errors and runs the tests. With --deep also the
+# sanitizers, the checks of style and the tests that take longer.
+set -eu
+cd "$(dirname "$0")"
+
+purposes="run test"
+deep=
+if [ "${1:-}" = --deep ]; then
+  deep=yes
+  purposes="$purposes deep"
+fi
+# shellcheck disable=SC2086
+packaging/install.sh $purposes
+
+build_and_test() {
+  cmake --preset "$1" -DTARNWICK_TESTS=ON
+  cmake --build --preset "$1"
+  ctest --preset "$1"
+}
+
+if [ -z "$deep" ]; then
+  build_and_test release
+  exit
+fi
+
+# Leaks are not looked for: the libraries under Qt keep some at the exit.
+export ASAN_OPTIONS=detect_leaks=0
+build_and_test sanitize
+build_and_test logic
+sources=$(git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h')
+# shellcheck disable=SC2086
+clang-format --dry-run --Werror $sources
+git ls-files 'src/*.cpp' | xargs -P 2 -n 4 clang-tidy --quiet -p build/sanitize
