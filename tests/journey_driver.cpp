@@ -54,6 +54,8 @@ int HexDigit(char c) {
   return c >= '0' && c <= '9' ? c - '0' : upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
 }
 
+}  // namespace
+
 std::string Unescaped(std::string_view text) {
   std::string out;
   std::string plain;  // UTF-8 between escapes
@@ -80,25 +82,47 @@ std::string Unescaped(std::string_view text) {
   return out;
 }
 
-std::string Value(const std::string& text) { return Escaped(text); }
-std::string Value(const char* text) { return text; }
-std::string Value(bool flag) { return flag ? "1" : "0"; }
-std::string Value(int number) { return std::to_string(number); }
-std::string Value(std::size_t number) { return std::to_string(number); }
-std::string Value(std::int16_t number) { return std::to_string(number); }
+namespace {
+
+std::string Value(const std::string& text) {
+  return Escaped(text);
+}
+std::string Value(const char* text) {
+  return text;
+}
+std::string Value(bool flag) {
+  return flag ? "1" : "0";
+}
+std::string Value(int number) {
+  return std::to_string(number);
+}
+std::string Value(std::size_t number) {
+  return std::to_string(number);
+}
+std::string Value(std::int16_t number) {
+  return std::to_string(number);
+}
 std::string Value(const Rgb& c) {
   return std::to_string(c.red) + " " + std::to_string(c.green) + " " + std::to_string(c.blue);
 }
-std::string Value(const Colour& colour) { return colour ? Value(*colour) : "default"; }
+std::string Value(const Colour& colour) {
+  return colour ? Value(*colour) : "default";
+}
 template <class Number, class... Form>
 std::string NumberValue(Number number, Form... form) {
   char text[400];
   const auto end = std::to_chars(text, text + sizeof text, number, form...);
   return {text, end.ptr};
 }
-std::string Value(float number) { return NumberValue(number); }
-std::string Value(double number) { return NumberValue(number, std::chars_format::general, 17); }
-std::string Value(const UntypedValue& value) { return value.empty ? "" : Value(value.number); }
+std::string Value(float number) {
+  return NumberValue(number);
+}
+std::string Value(double number) {
+  return NumberValue(number, std::chars_format::general, 17);
+}
+std::string Value(const UntypedValue& value) {
+  return value.empty ? "" : Value(value.number);
+}
 
 // A coordinate of a picture, to four places.
 std::string PictureValue(float number) {
@@ -301,6 +325,7 @@ bool ActBeforeStart(Session& session, std::string_view action, std::string_view 
   } else if (action == "port") {
     session.platform.serial.ports.insert(static_cast<int>(TextToNumber(rest)));
   } else if (action == "start") {
+    if (session.w && session.w->Tarnwick.loaded) return true;
     session.w = std::make_unique<Workspace>(session.platform);
     Form_Load(*session.w);
   } else {

@@ -3,10 +3,9 @@
 // a single-byte code.
 //
 // Before the start:
-//   home FOLDER               the per-user folder: c:\... lies in its drive_c if it has one, else in it
-//   setting SECTION KEY TEXT  a stored setting
-//   port N                    serial port N can be opened
-//   start
+//   home FOLDER               the per-user folder: c:\... lies in its drive_c if it has one, else
+//   in it setting SECTION KEY TEXT  a stored setting port N                    serial port N can be
+//   opened start                     nothing while the program runs
 // Then:
 //   type TEXT       into the input box, by keys, without a click in it
 //   enter           presses the default button of the main window
@@ -23,6 +22,11 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
+#include <string_view>
+
+// A TEXT in the single-byte set, its escapes taken out.
+std::string Unescaped(std::string_view text);
 
 // Reads actions until the end of the input. A line that is no action is reported on `complaints`
 // and gives false at the end; the actions behind it still run.

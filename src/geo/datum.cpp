@@ -14,7 +14,9 @@ struct Ellipsoid {
 constexpr Ellipsoid kAiry{6377563.396, 0.0066705397616};
 constexpr Ellipsoid kWGS84{6378137.0, 0.0066943800355};
 
-constexpr double Radians(double arcSeconds) { return arcSeconds / kDegreesPerRadian / 3600; }
+constexpr double Radians(double arcSeconds) {
+  return arcSeconds / kDegreesPerRadian / 3600;
+}
 
 struct Helmert {
   double tx, ty, tz;  // m
@@ -24,7 +26,7 @@ struct Helmert {
 
 constexpr Helmert kAiryToWGS84{446.448,         -125.157,       542.06,         -2.04894e-05,
                                Radians(0.1502), Radians(0.247), Radians(0.8421)};
-constexpr Helmert kWGS84ToAiry{-446.448,         125.157,         -542.06,        2.04894e-05,
+constexpr Helmert kWGS84ToAiry{-446.448,         125.157,         -542.06,         2.04894e-05,
                                Radians(-0.1502), Radians(-0.247), Radians(-0.8421)};
 
 constexpr double kHeight = 0;

@@ -1,6 +1,6 @@
 // Positions between WGS84 and OSGB36, whose ellipsoid is Airy 1830, by the seven-parameter Helmert
-// transformation. Source: Ordnance Survey, "A guide to coordinate systems in Great Britain", annexes
-// B and C. It agrees with the official transformation to about 5 m. Heights are 0.
+// transformation. Source: Ordnance Survey, "A guide to coordinate systems in Great Britain",
+// annexes B and C. It agrees with the official transformation to about 5 m. Heights are 0.
 #pragma once
 
 // Angle in radians, from -pi to pi, of the point whose horizontal component is x and whose vertical

@@ -12,7 +12,9 @@ constexpr double kShareOfCell = 0.7;
 constexpr double kOneMetre = 0.001;
 
 // A cosine that rounding has pushed out of range, brought back to its end.
-double Clamped(double cosine) { return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine; }
+double Clamped(double cosine) {
+  return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
+}
 
 }  // namespace
 
@@ -36,10 +38,10 @@ void DistBear(Workspace& w) {
     w.BearUncert = 0;
     return;
   }
-  const double b1 = Clamped((std::sin(p2) - std::cos(arc) * std::sin(p1)) /
-                            (std::sin(arc) * std::cos(p1)));
-  const double b2 = Clamped((std::sin(p1) - std::cos(arc) * std::sin(p2)) /
-                            (std::sin(arc) * std::cos(p2)));
+  const double b1 =
+      Clamped((std::sin(p2) - std::cos(arc) * std::sin(p1)) / (std::sin(arc) * std::cos(p1)));
+  const double b2 =
+      Clamped((std::sin(p1) - std::cos(arc) * std::sin(p2)) / (std::sin(arc) * std::cos(p2)));
   w.Bearing = ACS(b1) * kDegreesPerRadian;
   w.Backbearing = ACS(b2) * kDegreesPerRadian;
   if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;

@@ -15,7 +15,9 @@ int LetterIndex(const std::string& letters, int position) {
 }
 
 // Size in metres of one unit of the last digit, for halves of that many digits; 0 above 5 digits.
-int ScaleOf(int digitsInHalf) { return RoundToInt16(std::pow(10.0, 5 - digitsInHalf)); }
+int ScaleOf(int digitsInHalf) {
+  return RoundToInt16(std::pow(10.0, 5 - digitsInHalf));
+}
 
 // Latitude, radians, of the foot of the perpendicular to the central meridian. Four passes settle
 // any reference; the bound is for texts whose digits read as a number beyond all maps.

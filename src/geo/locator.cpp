@@ -12,8 +12,12 @@ constexpr double kKmPerDegree = 111.2;
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-int Letter(const std::string& lc, int position) { return CodeOf(MidOf(lc, position, 1)) - 65; }
-int Digit(const std::string& lc, int position) { return CodeOf(MidOf(lc, position, 1)) - 48; }
+int Letter(const std::string& lc, int position) {
+  return CodeOf(MidOf(lc, position, 1)) - 65;
+}
+int Digit(const std::string& lc, int position) {
+  return CodeOf(MidOf(lc, position, 1)) - 48;
+}
 
 // The numbers of the five characters that divide one axis.
 struct Steps {

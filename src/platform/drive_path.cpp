@@ -58,7 +58,8 @@ fs::path NativePath(const fs::path& driveC, const std::string& path) {
   if (!HasDrive(path)) return ToUtf8(path);
   const char letter = UpperOf(path[0]);
   fs::path native = driveC;
-  if (letter != 'C') native.replace_filename("drive_" + std::string(1, static_cast<char>(letter | 0x20)));
+  if (letter != 'C')
+    native.replace_filename("drive_" + std::string(1, static_cast<char>(letter | 0x20)));
   for (std::size_t at = 2; at < path.size();) {
     const std::size_t end = std::min(path.find_first_of("\\/", at), path.size());
     if (end > at) native = EntryOf(native, ToUtf8(std::string_view(path).substr(at, end - at)));

@@ -18,10 +18,10 @@ constexpr struct {
   char32_t character;
   char ascii;
 } kNearest[] = {
-    {0x02B9, '\''}, {0x02BC, '\''}, {0x02BA, '"'},  {0x2032, '\''}, {0x2033, '"'}, {0x2035, '\''},
-    {0x2036, '"'},  {0x2010, '-'},  {0x2011, '-'},  {0x2012, '-'},  {0x2212, '-'}, {0x2002, ' '},
-    {0x2003, ' '},  {0x2007, ' '},  {0x2009, ' '},  {0x200A, ' '},  {0x202F, ' '}, {0x3000, ' '},
-    {0x02DA, '\xB0'}, {0x2215, '/'}, {0x2044, '/'}, {0xFF0C, ','},  {0xFF0E, '.'},
+    {0x02B9, '\''},   {0x02BC, '\''}, {0x02BA, '"'}, {0x2032, '\''}, {0x2033, '"'}, {0x2035, '\''},
+    {0x2036, '"'},    {0x2010, '-'},  {0x2011, '-'}, {0x2012, '-'},  {0x2212, '-'}, {0x2002, ' '},
+    {0x2003, ' '},    {0x2007, ' '},  {0x2009, ' '}, {0x200A, ' '},  {0x202F, ' '}, {0x3000, ' '},
+    {0x02DA, '\xB0'}, {0x2215, '/'},  {0x2044, '/'}, {0xFF0C, ','},  {0xFF0E, '.'},
 };
 
 void AppendUtf8(std::string& text, char16_t code) {
@@ -62,8 +62,9 @@ char SingleByte(char32_t character) {
   const auto* const code = std::find(kUpperControls.begin(), kUpperControls.end(), character);
   if (code != kUpperControls.end())
     return static_cast<char>(0x80 + (code - kUpperControls.begin()));
-  const auto* const near = std::find_if(std::begin(kNearest), std::end(kNearest),
-                                        [=](const auto& row) { return row.character == character; });
+  const auto* const near =
+      std::find_if(std::begin(kNearest), std::end(kNearest),
+                   [=](const auto& row) { return row.character == character; });
   return near == std::end(kNearest) ? '?' : near->ascii;
 }
 

@@ -12,7 +12,9 @@ constexpr Rgb kGround{250, 250, 180};
 
 }  // namespace
 
-void Cls(PictureBox& picture) { picture.operations.clear(); }
+void Cls(PictureBox& picture) {
+  picture.operations.clear();
+}
 
 void Draw(Workspace& w) {
   PictureBox& c = w.BearingCalc.C;
@@ -29,7 +31,8 @@ void Draw(Workspace& w) {
   const struct {
     const char* letter;
     float x, y;
-  } letters[] = {{"N", -0.2F, -1.6F}, {"S", -0.2F, 0.9F}, {"W", -1.5F, -0.35F}, {"E", 1.2F, -0.35F}};
+  } letters[] = {
+      {"N", -0.2F, -1.6F}, {"S", -0.2F, 0.9F}, {"W", -1.5F, -0.35F}, {"E", 1.2F, -0.35F}};
   for (const auto& [letter, x, y] : letters) {
     c.operations.push_back({.kind = Kind::PSet, .x1 = x, .y1 = y, .colour = kGround});
     c.operations.push_back({.kind = Kind::Print, .text = letter});

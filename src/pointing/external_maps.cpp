@@ -15,9 +15,11 @@ void LookForMaps(Workspace& w) {
 }
 
 void Gmap_Click(Workspace& w) {
-  const std::string position = FormatPicture(w.Lat, "###.######") + "," +
-                               FormatPicture(w.Lon, "####.######") + ",14z";
+  const std::string position =
+      FormatPicture(w.Lat, "###.######") + "," + FormatPicture(w.Lon, "####.######") + ",14z";
   Start(w, std::string(kMapService) + "/maps/@" + position);
 }
 
-void OSMap_Click(Workspace& w) { Start(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG"); }
+void OSMap_Click(Workspace& w) {
+  Start(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG");
+}

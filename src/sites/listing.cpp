@@ -72,9 +72,10 @@ void WriteHeader(Workspace& w, const Limits& limits, ListingFile& out) {
   if (!w.Tarnwick.Srchtext.text.empty())
     WriteLine(out, "Only Sites with   '" + w.Tarnwick.Srchtext.text + "'   in their name");
   WriteLine(out, "");
-  WriteLine(out,
-            "   Sitename                                     Locator       NGR         To     Back  "
-            "         Distance");
+  WriteLine(
+      out,
+      "   Sitename                                     Locator       NGR         To     Back  "
+      "         Distance");
   WriteLine(out, "");
 }
 

@@ -34,7 +34,11 @@ void Pick(Workspace& w) {
 
 }  // namespace
 
-void OK_Click(Workspace& w) { Pick(w); }
-void PR_DblClick(Workspace& w) { Pick(w); }
+void OK_Click(Workspace& w) {
+  Pick(w);
+}
+void PR_DblClick(Workspace& w) {
+  Pick(w);
+}
 
 }  // namespace ShowList

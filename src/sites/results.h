@@ -13,7 +13,8 @@ void CloseResults(Workspace& w);
 namespace ShowList {
 
 // Picks: the selected entry goes into InputText and Use This runs on it, also when an earlier pick
-// has disabled it. Use This is disabled until a click in the input box, and Enter means Set as Home.
+// has disabled it. Use This is disabled until a click in the input box, and Enter means Set as
+// Home.
 void OK_Click(Workspace& w);
 void PR_DblClick(Workspace& w);
 

@@ -9,7 +9,9 @@ namespace {
 
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
 
-unsigned char Folded(char c) { return static_cast<unsigned char>(UpperOf(c)); }
+unsigned char Folded(char c) {
+  return static_cast<unsigned char>(UpperOf(c));
+}
 
 // Moves what is left to the front of the buffer and reads more behind it; false if nothing came.
 bool ReadMore(DatabaseHandle& database) {
@@ -122,7 +124,9 @@ bool ReadLine(DatabaseHandle& database, std::string_view& line) {
   return !tooLong && !line.empty() && !database.failed;
 }
 
-void CloseDatabase(Workspace& w) { Close(w.database); }
+void CloseDatabase(Workspace& w) {
+  Close(w.database);
+}
 
 void SearchDatabase(Workspace& w) {
   CloseDatabase(w);
@@ -135,4 +139,6 @@ void SearchDatabase(Workspace& w) {
   CloseDatabase(w);
 }
 
-void Lookup_Click(Workspace& w) { SearchDatabase(w); }
+void Lookup_Click(Workspace& w) {
+  SearchDatabase(w);
+}

@@ -42,8 +42,8 @@ void FinishTypedPlace(Workspace& w, const UncertaintyPictures& pictures) {
   if (IsTrue(w.BaseSet)) DistBear(w);
   ShowDistanceAndBearing(w);
   w.sitename.clear();
-  w.BearingCalc.UncertText.text =
-      FormatPicture(w.DistUncert, pictures.distance) + FormatPicture(w.BearUncert, pictures.bearing);
+  w.BearingCalc.UncertText.text = FormatPicture(w.DistUncert, pictures.distance) +
+                                  FormatPicture(w.BearUncert, pictures.bearing);
   if (IsTrue(w.BaseSet)) Draw(w);
 }
 

@@ -15,7 +15,9 @@ struct Decimal {
   int exponent = 0;
 };
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 // The size of a finite number in exactly `significant` digits.
 Decimal DecimalOf(double size, int significant) {
@@ -118,7 +120,9 @@ void SkipBlanks(std::string_view& rest) {
   rest.remove_prefix(std::min(at, rest.size()));
 }
 
-char Front(std::string_view rest) { return rest.empty() ? '\0' : rest.front(); }
+char Front(std::string_view rest) {
+  return rest.empty() ? '\0' : rest.front();
+}
 
 void Next(std::string_view& rest) {
   rest.remove_prefix(1);
@@ -164,7 +168,9 @@ Integer Saturated(double whole) {
 
 }  // namespace
 
-bool IsTrue(const UntypedValue& value) { return !value.empty && value.number == kTrue; }
+bool IsTrue(const UntypedValue& value) {
+  return !value.empty && value.number == kTrue;
+}
 
 double Finite(double number) {
   constexpr double kLargest = std::numeric_limits<double>::max();
@@ -249,15 +255,25 @@ double TextToNumber(std::string_view text) {
   return negative ? -number : number;
 }
 
-std::string NumberToText(double number) { return PlainText(number, 15); }
+std::string NumberToText(double number) {
+  return PlainText(number, 15);
+}
 
-std::string NumberToText(float number) { return PlainText(static_cast<double>(number), 7); }
+std::string NumberToText(float number) {
+  return PlainText(static_cast<double>(number), 7);
+}
 
-std::int16_t RoundToInt16(double number) { return Saturated<std::int16_t>(std::nearbyint(number)); }
+std::int16_t RoundToInt16(double number) {
+  return Saturated<std::int16_t>(std::nearbyint(number));
+}
 
-std::int32_t RoundToInt32(double number) { return Saturated<std::int32_t>(std::nearbyint(number)); }
+std::int32_t RoundToInt32(double number) {
+  return Saturated<std::int32_t>(std::nearbyint(number));
+}
 
-std::int16_t FloorToInt16(double number) { return Saturated<std::int16_t>(std::floor(number)); }
+std::int16_t FloorToInt16(double number) {
+  return Saturated<std::int16_t>(std::floor(number));
+}
 
 std::int32_t IntDivide(double dividend, double divisor) {
   const std::int64_t below = RoundToInt32(divisor);
@@ -265,9 +281,13 @@ std::int32_t IntDivide(double dividend, double divisor) {
   return Saturated<std::int32_t>(static_cast<double>(RoundToInt32(dividend) / below));
 }
 
-int SignOf(double number) { return (number > 0) - (number < 0); }
+int SignOf(double number) {
+  return (number > 0) - (number < 0);
+}
 
-int LengthOf(std::string_view text) { return static_cast<int>(text.size()); }
+int LengthOf(std::string_view text) {
+  return static_cast<int>(text.size());
+}
 
 std::string LeftOf(std::string_view text, int count) {
   return std::string(text.substr(0, static_cast<std::size_t>(std::max(count, 0))));
@@ -279,7 +299,9 @@ std::string MidOf(std::string_view text, int start, int count) {
   return std::string(text.substr(from, static_cast<std::size_t>(count)));
 }
 
-std::string MidOf(std::string_view text, int start) { return MidOf(text, start, LengthOf(text)); }
+std::string MidOf(std::string_view text, int start) {
+  return MidOf(text, start, LengthOf(text));
+}
 
 int FindIn(int start, std::string_view text, std::string_view sought) {
   const std::size_t at = text.find(sought, static_cast<std::size_t>(std::max(start, 1)) - 1);
@@ -315,7 +337,9 @@ std::string CharOf(int code) {
   return std::string(1, static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255))));
 }
 
-std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), ' '); }
+std::string Blanks(int count) {
+  return std::string(static_cast<std::size_t>(std::max(count, 0)), ' ');
+}
 
 void SetCharAt(std::string& text, int position, char character) {
   if (position >= 1 && position <= LengthOf(text))

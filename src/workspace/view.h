@@ -117,7 +117,8 @@ inline constexpr const char* kMakeListTip = "Generate a listing of all sites fro
 
 // The main window.
 struct MainWindow : Window {
-  MainWindow() : Window{.caption = "Sites, Distances and Bearings", .width = 7410, .height = 6945} {}
+  MainWindow()
+      : Window{.caption = "Sites, Distances and Bearings", .width = 7410, .height = 6945} {}
 
   // clang-format off
   Label Label14{.caption = "From Site Database, Locator,  NGR or free format Lat / Long", .fore = Rgb{0, 128, 0}};

@@ -61,11 +61,11 @@ struct Workspace {
   UntypedValue BearUncert;   // degrees
   UntypedValue DistUncert;   // km
 
-  std::string sitename;              // name of the site last taken from the database
-  double LLFormat = 0;               // layout of LLText: 0 degrees, 1 minutes, 2 seconds
-  std::int16_t RealTime = kFalse;    // real-time mode is on
-  std::int32_t ListLeft = 0;         // twips, where the Results window was last closed
-  std::int32_t ListTop = 0;          //
+  std::string sitename;                   // name of the site last taken from the database
+  double LLFormat = 0;                    // layout of LLText: 0 degrees, 1 minutes, 2 seconds
+  std::int16_t RealTime = kFalse;         // real-time mode is on
+  std::int32_t ListLeft = 0;              // twips, where the Results window was last closed
+  std::int32_t ListTop = 0;               //
   std::string MapPath = "c:\\OS_Maps\\";  // folder of the map images
 
   DatabaseHandle database;

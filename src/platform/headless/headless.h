@@ -40,12 +40,12 @@ struct HeadlessPlatform : Platform {
     std::string section, key, text;
   };
 
-  std::filesystem::path driveC;             // the folder that stands for drive c:
+  std::filesystem::path driveC;                          // the folder that stands for drive c:
   std::map<std::string, Setting, WithoutCase> settings;  // by section and key
-  std::vector<std::string> events;          // "MsgBox ...", "Shell ..." as they came
-  bool startsPrograms = true;               // false: every Shell fails
-  std::chrono::year_month_day today{std::chrono::floor<std::chrono::days>(
-      std::chrono::system_clock::now())};
+  std::vector<std::string> events;                       // "MsgBox ...", "Shell ..." as they came
+  bool startsPrograms = true;                            // false: every Shell fails
+  std::chrono::year_month_day today{
+      std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now())};
   HeadlessSerial serial;
 
   std::string ReadSetting(const std::string& section, const std::string& key,

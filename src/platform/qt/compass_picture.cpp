@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "pointing/compass.h"
 #include "platform/qt/text.h"
+#include "pointing/compass.h"
 
 namespace {
 
@@ -13,7 +13,9 @@ constexpr int kDesignLine = 13;        // pixels
 constexpr double kLetterSize = 0.155;  // of the side: the letters stay clear of the circle
 constexpr double kPenWidth = 1.0 / kDesignSide;
 
-QColor ColourOf(const Rgb& colour) { return {colour.red, colour.green, colour.blue}; }
+QColor ColourOf(const Rgb& colour) {
+  return {colour.red, colour.green, colour.blue};
+}
 
 }  // namespace
 

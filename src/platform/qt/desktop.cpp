@@ -11,10 +11,10 @@
 #include "workspace/workspace.h"
 
 Desktop::Desktop()
-    : driveC(std::filesystem::path(
-                 QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-                     .toStdString()) /
-             "tarnwick" / "drive_c") {}
+    : driveC(
+          std::filesystem::path(
+              QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString()) /
+          "tarnwick" / "drive_c") {}
 
 std::string Desktop::ReadSetting(const std::string& section, const std::string& key,
                                  const std::string& otherwise) {
@@ -26,7 +26,9 @@ void Desktop::StoreSetting(const std::string& section, const std::string& key,
   settings.Store(section, key, text);
 }
 
-bool Desktop::FileExists(const std::string& pattern) { return FileMatches(driveC, pattern); }
+bool Desktop::FileExists(const std::string& pattern) {
+  return FileMatches(driveC, pattern);
+}
 
 std::filesystem::path Desktop::NativePath(const std::string& path) {
   return ::NativePath(driveC, path);

@@ -1,5 +1,6 @@
 #include "platform/qt/framed_window.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -26,9 +27,19 @@ int Pixels(float twips) {
   return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -1e6F, 1e6F)));
 }
 
+// A plain widget would be announced as a filler, and its title not at all.
+QAccessibleInterface* AccessibleWindow(const QString& /*className*/, QObject* object) {
+  auto* window = dynamic_cast<FramedWindow*>(object);
+  return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+}
+
 }  // namespace
 
-FramedWindow::FramedWindow(Mirror& mirror, Window& state) : mirror_(mirror), state_(state) {
+FramedWindow::FramedWindow(Mirror& mirror, Window& state, const char* name)
+    : mirror_(mirror), state_(state) {
+  [[maybe_unused]] static const bool kInstalled =
+      (QAccessible::installFactory(AccessibleWindow), true);
+  Mirror::Describe(this, name, "");
   setPalette(LightPalette());
   setAutoFillBackground(true);
   mirror.OnShow([this] { ShowState(); });
@@ -68,7 +79,9 @@ void FramedWindow::Place() {
   move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
 }
 
-bool FramedWindow::IsUsersDoing() const { return isVisible() && settling_ == 0 && !isMinimized(); }
+bool FramedWindow::IsUsersDoing() const {
+  return isVisible() && settling_ == 0 && !isMinimized();
+}
 
 void FramedWindow::closeEvent(QCloseEvent* event) {
   event->ignore();

@@ -14,7 +14,7 @@ inline constexpr float kTwipsPerPixel = 15;
 
 class FramedWindow : public QWidget {
  public:
-  FramedWindow(Mirror& mirror, Window& state);
+  FramedWindow(Mirror& mirror, Window& state, const char* name);
 
   // What the frame's close button does.
   std::function<void()> onClose;

@@ -20,7 +20,8 @@ extern "C" int bind(int socket, const sockaddr* address, socklen_t length) noexc
     sockaddr_in6 v6{};
     std::memcpy(&v6, address, sizeof v6);
     // 127.0.0.1 as a mapped address: the socket serves both families.
-    constexpr unsigned char kLoopback[16] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xFF, 127, 0, 0, 1};
+    constexpr unsigned char kLoopback[16] = {0, 0, 0,    0,    0,   0, 0, 0,
+                                             0, 0, 0xFF, 0xFF, 127, 0, 0, 1};
     if (IN6_IS_ADDR_UNSPECIFIED(&v6.sin6_addr)) std::memcpy(&v6.sin6_addr, kLoopback, 16);
     return realBind(socket, reinterpret_cast<const sockaddr*>(&v6), sizeof v6);
   }

@@ -17,7 +17,7 @@ constexpr double kLargePoints = 12;
 }  // namespace
 
 MainWindowView::MainWindowView(Mirror& mirror)
-    : FramedWindow(mirror, mirror.w.Tarnwick),
+    : FramedWindow(mirror, mirror.w.Tarnwick, "Tarnwick"),
       widgets_(mirror, WindowName::Tarnwick, mirror.w.Tarnwick, this) {
   widgets_["Label14"]->setFont(FontOf(this, 0, true));
   for (const char* name : {"LocText", "NGRText", "BaseLocLbl"})

@@ -14,7 +14,9 @@
 
 namespace {
 
-QColor ColourOf(const Rgb& colour) { return {colour.red, colour.green, colour.blue}; }
+QColor ColourOf(const Rgb& colour) {
+  return {colour.red, colour.green, colour.blue};
+}
 
 void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
   if (!colour && !widget->palette().isBrushSet(QPalette::Active, role)) return;

@@ -14,7 +14,7 @@ constexpr const char* kFields[][2] = {{"Label5", "BearText"},
 }  // namespace
 
 PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow)
-    : FramedWindow(mirror, mirror.w.BearingCalc),
+    : FramedWindow(mirror, mirror.w.BearingCalc, "BearingCalc"),
       main_(mainWindow),
       widgets_(mirror, WindowName::BearingCalc, mirror.w.BearingCalc, this),
       compass_(new CompassPicture(mirror.w.BearingCalc.C, this)) {

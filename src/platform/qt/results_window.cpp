@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QFontDatabase>
+#include <QScreen>
 #include <QStyle>
 
 #include "platform/qt/text.h"
@@ -50,7 +51,8 @@ int EntriesView::EntryWidth() const {
 }
 
 void EntriesView::FitColumns() {
-  setGridSize({std::max(1, viewport()->width() / std::max(1, columns_)), fontMetrics().height() + 1});
+  const int width = viewport()->width() / std::max(1, columns_);
+  setGridSize({std::max(width, EntryWidth()), fontMetrics().height() + 1});
 }
 
 void EntriesView::resizeEvent(QResizeEvent* event) {
@@ -59,14 +61,14 @@ void EntriesView::resizeEvent(QResizeEvent* event) {
 }
 
 ResultsWindowView::ResultsWindowView(Mirror& mirror)
-    : FramedWindow(mirror, mirror.w.ShowList),
+    : FramedWindow(mirror, mirror.w.ShowList, "ShowList"),
       widgets_(mirror, WindowName::ShowList, mirror.w.ShowList, this),
       view_(new EntriesView(this)),
       model_(mirror.w.ShowList.PR, this) {
   Mirror::Describe(view_, "PR", "");
   view_->setAccessibleName("Sites found");
   QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  fixed.setFamilies({"Lucida Console", fixed.family()});
+  fixed.setFamilies({"Lucida Console", fixed.family(), "DejaVu Sans Mono", "Liberation Mono"});
   fixed.setPointSizeF(std::max(8.25, font().pointSizeF()));
   view_->setFont(fixed);
   view_->setModel(&model_);
@@ -78,8 +80,9 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
   column->addWidget(widgets_["OK"], 0, Qt::AlignLeft);
   const QMargins margins = column->contentsMargins();
   const int entries = 4 * view_->EntryWidth() + 2 * view_->frameWidth();
-  resize(std::max(static_cast<int>(state_.width / kTwipsPerPixel),
-                  entries + margins.left() + margins.right()),
+  const int wanted = std::max(static_cast<int>(state_.width / kTwipsPerPixel),
+                              entries + margins.left() + margins.right());
+  resize(std::min(wanted, screen()->availableGeometry().width()),
          static_cast<int>(state_.height / kTwipsPerPixel));
 
   connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,

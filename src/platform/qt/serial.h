@@ -3,17 +3,20 @@
 #pragma once
 
 #include <QSerialPort>
+#include <QTimer>
 #include <functional>
 #include <string>
 
 #include "platform/platform.h"
 
 // The device of a port number; empty for a number that names no port.
-QString DeviceOf(int port);
+QString DeviceOf(int port, const QString& folder = "/dev");
 
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
+
+  QString deviceFolder = "/dev";
 
   // Called on the event loop when as many characters wait as the threshold says. Gives whether the
   // event could be taken; if not, Remind brings it up again.
@@ -34,5 +37,7 @@ class SerialPort : public QObject, public SerialControl {
   void Failed(QSerialPort::SerialPortError error);
 
   QSerialPort port_;
+  QTimer reminder_;
+  QString device_;  // of the chosen port
   int threshold_ = 0;
 };

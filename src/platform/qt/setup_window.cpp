@@ -7,7 +7,7 @@
 #include "platform/qt/text.h"
 
 SetUpWindowView::SetUpWindowView(Mirror& mirror)
-    : FramedWindow(mirror, mirror.w.SetUpCom),
+    : FramedWindow(mirror, mirror.w.SetUpCom, "SetUpCom"),
       widgets_(mirror, WindowName::SetUpCom, mirror.w.SetUpCom, this) {
   widgets_.Label("Label2", "CPort");
   widgets_.Label("Label1", "Baud");

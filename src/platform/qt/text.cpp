@@ -2,6 +2,10 @@
 
 #include "platform/single_byte.h"
 
-QString ToQt(const std::string& text) { return QString::fromStdString(ToUtf8(text)); }
+QString ToQt(const std::string& text) {
+  return QString::fromStdString(ToUtf8(text));
+}
 
-std::string FromQt(const QString& text) { return FromUtf8(text.toStdString()); }
+std::string FromQt(const QString& text) {
+  return FromUtf8(text.toStdString());
+}

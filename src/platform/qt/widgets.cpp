@@ -26,13 +26,21 @@ void CaptionLabel::paintEvent(QPaintEvent* event) {
                    fontMetrics().elidedText(text(), Qt::ElideRight, room));
 }
 
-QLineEdit* MakeWidget(const TextBox& /*state*/, QWidget* parent) { return new QLineEdit(parent); }
-QLabel* MakeWidget(const Label& /*state*/, QWidget* parent) { return new CaptionLabel(parent); }
+QLineEdit* MakeWidget(const TextBox& /*state*/, QWidget* parent) {
+  return new QLineEdit(parent);
+}
+QLabel* MakeWidget(const Label& /*state*/, QWidget* parent) {
+  return new CaptionLabel(parent);
+}
 QPushButton* MakeWidget(const Button& /*state*/, QWidget* parent) {
   return new QPushButton(parent);
 }
-QCheckBox* MakeWidget(const CheckBox& /*state*/, QWidget* parent) { return new QCheckBox(parent); }
-QComboBox* MakeWidget(const ComboBox& /*state*/, QWidget* parent) { return new QComboBox(parent); }
+QCheckBox* MakeWidget(const CheckBox& /*state*/, QWidget* parent) {
+  return new QCheckBox(parent);
+}
+QComboBox* MakeWidget(const ComboBox& /*state*/, QWidget* parent) {
+  return new QComboBox(parent);
+}
 QFrame* MakeWidget(const Frame& /*state*/, QWidget* parent) {
   auto* frame = new QFrame(parent);
   frame->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -51,7 +59,7 @@ void MakeRoomFor(QLineEdit* edit, const char* text) {
   QStyleOptionFrame option;
   option.initFrom(edit);
   option.lineWidth = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit);
-  const QSize size = edit->style()->sizeFromContents(QStyle::CT_LineEdit, &option,
-                                                     {width + 8, edit->fontMetrics().height()}, edit);
+  const QSize size = edit->style()->sizeFromContents(
+      QStyle::CT_LineEdit, &option, {width + 8, edit->fontMetrics().height()}, edit);
   edit->setMinimumWidth(size.width());
 }

@@ -1,0 +1,201 @@
+// The real windows: that the record and the widgets agree, and what a user's hands do.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+#include <memory>
+
+#include "platform/qt/program.h"
+#include "platform/qt/text.h"
+
+namespace {
+
+// A program of its own, with a home folder of its own, as it stands after the start.
+class Windows : public testing::Test {
+ protected:
+  Windows() {
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home_.filePath("config"));
+    qputenv("XDG_DATA_HOME", home_.filePath("data").toUtf8());
+    Restart();
+  }
+
+  void Restart() {
+    program_.reset();
+    program_ = std::make_unique<Program>();
+    program_->Start();
+  }
+
+  template <class Widget = QLineEdit>
+  Widget* Find(const char* name, QWidget* in = nullptr) {
+    auto* found = (in != nullptr ? in : &program_->mainWindow)->findChild<Widget*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  std::string TextOf(const char* name, QWidget* in = nullptr) {
+    return Find(name, in)->text().toStdString();
+  }
+  void Type(const char* text) {
+    auto* input = Find("InputText");
+    input->setFocus();
+    input->selectAll();
+    QTest::keyClicks(input, QString::fromUtf8(text));
+  }
+  void Enter() { QTest::keyClick(Find("InputText"), Qt::Key_Return); }
+  void Click(const char* name, QWidget* in = nullptr) {
+    QTest::mouseClick(Find<QPushButton>(name, in), Qt::LeftButton);
+  }
+
+  QTemporaryDir home_;
+  std::unique_ptr<Program> program_;
+};
+
+TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
+  Type("io91wm");
+  Enter();
+  EXPECT_EQ(TextOf("NGRText"), "TQ30 82");
+  EXPECT_EQ(Find("NGRText")->palette().color(QPalette::Text), QColor(255, 0, 0));
+  EXPECT_FALSE(program_->pointing.isVisible());
+  Click("SetHome");
+  EXPECT_TRUE(program_->pointing.isVisible());
+  Type("NN166712");
+  Enter();
+  EXPECT_EQ(TextOf("BearText", &program_->pointing), "333.5");
+  program_->pointing.close();
+  EXPECT_FALSE(program_->pointing.isVisible());
+  Type(
+      "51\xC2\xB0"
+      "30'15\"N, 1\xC2\xB0"
+      "15'30\"W");
+  Enter();
+  EXPECT_EQ(TextOf("NGRText"), "SU51574 78620");
+  Click("SetHome");
+  EXPECT_TRUE(program_->pointing.isVisible());
+}
+
+TEST_F(Windows, BringBackTheHomeStationAndThePlaceOnScreen) {
+  Type("io91wm");
+  Enter();
+  Click("SetHome");
+  Find<QCheckBox>("SaveOnExit")->click();
+  QTest::qWait(500);  // a move this soon after the start is the window manager's
+  program_->mainWindow.move(120, 90);
+  program_->mainWindow.close();
+  Restart();
+  EXPECT_EQ(TextOf("LocText"), "IO91WM44MM");
+  EXPECT_EQ(program_->mainWindow.pos(), QPoint(120, 90));
+  EXPECT_EQ(program_->w.Tarnwick.left, 1800);
+  EXPECT_TRUE(program_->pointing.isVisible());
+}
+
+// Letters of other sets give way as they are typed; a screen reader sets texts without keys.
+TEST_F(Windows, TakeEditsWhateverTheirSource) {
+  Find("InputText")->setText(QString::fromUtf8("51\u203230\u2033N \u22121\U0001F600\u00E9"));
+  EXPECT_EQ(program_->w.Tarnwick.InputText.text, "51'30\"N -1?\xE9");
+  EXPECT_EQ(TextOf("InputText"), "51'30\"N -1?\u00E9");
+  Find("LocDatabase")->setText("/tmp/elsewhere.dat");
+  EXPECT_EQ(program_->w.Tarnwick.LocDatabase.text, "/tmp/elsewhere.dat");
+  Find<QComboBox>("Baud", &program_->setUp)->setEditText("115200");
+  EXPECT_EQ(program_->w.SetUpCom.Baud.text, "115200");
+}
+
+TEST_F(Windows, PressTheDefaultButtonByEnterAndAFocusedOneBySpace) {
+  Type("io91wm");
+  QTest::keyClick(Find("LocDatabase"), Qt::Key_Enter);
+  EXPECT_EQ(TextOf("LocText"), "IO91WM");
+  auto* format = Find<QPushButton>("LLfmt");
+  format->setFocus();
+  QTest::keyClick(format, Qt::Key_Return);
+  EXPECT_EQ(program_->w.LLFormat, 1);
+  QTest::keyClick(format, Qt::Key_Space);
+  EXPECT_EQ(program_->w.LLFormat, 2);
+  Click("SetHome");
+  Click("GenList");
+  EXPECT_TRUE(Find<QPushButton>("MakeList")->isDefault());
+  EXPECT_TRUE(Find<QPushButton>("MakeList")->isVisible());
+  QTest::keyClick(Find("InputText"), Qt::Key_Escape);
+  EXPECT_TRUE(program_->mainWindow.isVisible());
+  QTest::mouseClick(Find("InputText"), Qt::LeftButton);
+  EXPECT_TRUE(Find<QPushButton>("FindIt")->isDefault());
+  EXPECT_EQ(TextOf("InputText"), "");
+}
+
+// While the box is open the record is on screen and no command starts.
+TEST_F(Windows, ShowTheRecordUnderAMessageBox) {
+  Type("nowhere");
+  bool seen = false;
+  QTimer::singleShot(0, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->text().toStdString(), "Site datbase not found");
+    EXPECT_FALSE(Find<QPushButton>("SetHome")->isEnabled());
+    Find<QPushButton>("LLfmt")->click();
+    program_->mainWindow.close();
+    seen = program_->w.LLFormat == 0 && program_->mainWindow.isVisible();
+    box->accept();
+  });
+  Enter();
+  EXPECT_TRUE(seen);
+}
+
+// Every control can be found and is described; a field is named by its label or by itself, the
+// live caption of a label or button by nothing else.
+TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
+  const auto check = [this](QWidget* window, auto& record) {
+    std::remove_reference_t<decltype(record)>::EachControl(record, [&](const char* name, auto&) {
+      auto* widget = Find<QWidget>(name, window);
+      ASSERT_NE(widget, nullptr);
+      EXPECT_TRUE(widget->accessibleDescription().endsWith(QString("[%1]").arg(name))) << name;
+      QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(widget);
+      const bool showsCaption = qobject_cast<QLabel*>(widget) != nullptr ||
+                                qobject_cast<QAbstractButton*>(widget) != nullptr;
+      if (showsCaption) {
+        EXPECT_TRUE(widget->accessibleName().isEmpty()) << name;
+      } else if (widget->focusPolicy() != Qt::NoFocus) {
+        EXPECT_FALSE(heard->text(QAccessible::Name).isEmpty()) << name;
+      }
+    });
+  };
+  check(&program_->mainWindow, program_->w.Tarnwick);
+  check(&program_->pointing, program_->w.BearingCalc);
+  check(&program_->results, program_->w.ShowList);
+  check(&program_->setUp, program_->w.SetUpCom);
+}
+
+// Nothing overlaps or is cut at any font, and a dark desktop leaves the fields readable.
+TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
+  const QFont font = QApplication::font();
+  const QPalette palette = QApplication::palette();
+  for (const int points : {8, 12, 16}) {
+    QFont larger = font;
+    larger.setPointSize(points);
+    QApplication::setFont(larger);
+    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    Restart();
+    Type("51 30 15 N 1 15 30 W");
+    Enter();
+    Click("SetHome");
+    Click("GenList");
+    QTest::qWait(1);
+    for (QWidget* window : {static_cast<QWidget*>(&program_->mainWindow),
+                            static_cast<QWidget*>(&program_->pointing)}) {
+      for (auto* widget : window->findChildren<QWidget*>(QRegularExpression("."))) {
+        if (!widget->isVisible()) continue;
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+            << points << widget->objectName().toStdString();
+        EXPECT_TRUE(window->rect().contains(QRect(widget->mapTo(window, QPoint()), widget->size())))
+            << points << widget->objectName().toStdString();
+      }
+    }
+    EXPECT_LT(Find("LocDatabase")->palette().color(QPalette::Text).lightness(), 64);
+    EXPECT_GT(Find("LocDatabase")->palette().color(QPalette::Base).lightness(), 192);
+    EXPECT_GT(program_->mainWindow.palette().color(QPalette::Window).lightness(), 192);
+  }
+  QApplication::setFont(font);
+  QApplication::setPalette(palette);
+}
+
+}  // namespace
