@@ -46,8 +46,11 @@ void EntriesView::SetColumns(int columns) {
 }
 
 int EntriesView::EntryWidth() const {
-  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-  return fontMetrics().horizontalAdvance(QString(kEntryLength, 'W')) + 2 * margin;
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.features |= QStyleOptionViewItem::HasDisplay;
+  option.text = QString(kEntryLength, 'W');
+  return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width() + 2;
 }
 
 void EntriesView::FitColumns() {
