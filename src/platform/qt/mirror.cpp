@@ -9,7 +9,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "platform/qt/serial.h"
 #include "platform/qt/text.h"
 
 namespace {

@@ -20,6 +20,13 @@ SetUpWindowView::SetUpWindowView(Mirror& mirror)
   grid->addWidget(widgets_["Baud"], 1, 1);
   grid->addWidget(widgets_["Command1"], 2, 0, 1, 2, Qt::AlignCenter);
   grid->addWidget(widgets_["Text1"], 3, 0, 1, 2);
+  // An entry's tool tip is its device. The text behind "COM" is the number.
+  auto* ports = widgets_.As<QComboBox>("CPort");
+  mirror.OnShow([ports] {
+    for (int i = 0; i < ports->count(); ++i)
+      if (!ports->itemData(i, Qt::ToolTipRole).isValid())
+        ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
+  });
   resize(QSize(static_cast<int>(state_.width / kTwipsPerPixel),
                static_cast<int>(state_.height / kTwipsPerPixel))
              .expandedTo(grid->totalMinimumSize()));
