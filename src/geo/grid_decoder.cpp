@@ -74,8 +74,10 @@ void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
 
   const int a = LetterIndex(letters, 1);
   const int b = LetterIndex(letters, 2);
-  const double easting = a % 5 * 500000 + b % 5 * 100000 - 1000000 + Finite(east * scale);
-  const double northing = 1900000 - a / 5 * 500000 - b / 5 * 100000 + Finite(north * scale);
+  const int squareEasting = (a % 5) * 500000 + (b % 5) * 100000 - 1000000;
+  const double easting = squareEasting + Finite(east * scale);
+  const int squareNorthing = 1900000 - (a / 5) * 500000 - (b / 5) * 100000;
+  const double northing = squareNorthing + Finite(north * scale);
   w.Resolution = scale == 0 ? kSquare / 1000 : scale / 1000.0;
   ShowEastNorth(w, easting, northing);
 

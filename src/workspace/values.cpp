@@ -278,7 +278,8 @@ std::int16_t FloorToInt16(double number) {
 std::int32_t IntDivide(double dividend, double divisor) {
   const std::int64_t below = RoundToInt32(divisor);
   if (below == 0) return 0;
-  return Saturated<std::int32_t>(static_cast<double>(RoundToInt32(dividend) / below));
+  const std::int64_t quotient = RoundToInt32(dividend) / below;
+  return Saturated<std::int32_t>(static_cast<double>(quotient));
 }
 
 int SignOf(double number) {
@@ -330,7 +331,8 @@ std::string UpperOf(std::string_view text) {
 }
 
 std::int16_t CodeOf(std::string_view text) {
-  return text.empty() ? std::int16_t{0} : static_cast<unsigned char>(text.front());
+  if (text.empty()) return 0;
+  return static_cast<unsigned char>(text.front());
 }
 
 std::string CharOf(int code) {

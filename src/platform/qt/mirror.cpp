@@ -35,7 +35,7 @@ void KeepPlace(QWidget* widget) {
 
 // What the record holds of a typed text, shown in its place if a character had to give way.
 std::string Taken(QLineEdit* edit) {
-  const std::string text = FromQt(edit->text());
+  std::string text = FromQt(edit->text());
   const QString shown = ToQt(text);
   if (shown != edit->text()) {
     const qsizetype cursor = ToQt(FromQt(edit->text().left(edit->cursorPosition()))).size();

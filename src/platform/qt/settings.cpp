@@ -7,7 +7,7 @@ namespace {
 
 // The name under which a setting stands in the file, whose names tell case apart.
 QString NameOf(const QSettings& settings, const std::string& section, const std::string& key) {
-  const QString wanted = ToQt(section + "/" + key);
+  QString wanted = ToQt(section + "/" + key);
   for (const QString& name : settings.allKeys())
     if (name.compare(wanted, Qt::CaseInsensitive) == 0) return name;
   return wanted;
