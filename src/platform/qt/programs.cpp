@@ -19,8 +19,9 @@ std::string TargetOf(const std::string& command) {
 bool StartViewer(const std::filesystem::path& driveC, const std::string& command) {
   std::string target = TargetOf(command);
   // Made absolute, so that no file name is taken for an option.
+  std::error_code error;
   if (target.compare(0, 8, "https://") != 0)
-    target = std::filesystem::absolute(NativePath(driveC, target)).string();
+    target = std::filesystem::absolute(NativePath(driveC, target), error).string();
   QProcess viewer;
   viewer.setProgram("xdg-open");
   viewer.setArguments({QString::fromStdString(target)});

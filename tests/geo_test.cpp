@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "geo/datum.h"
+#include "geo/dist_bear.h"
+#include "geo/grid_decoder.h"
+#include "geo/grid_encoder.h"
+#include "geo/lat_long_parser.h"
+#include "geo/locator.h"
+#include "platform/headless/headless.h"
+
+namespace {
+
+class Geo : public testing::Test {
+ protected:
+  HeadlessPlatform platform;
+  Workspace w{platform};
+
+  std::string Reference(double lat, double lon, double resolution) {
+    w.Resolution = resolution;
+    std::string ngr = "old";
+    GenNGR(w, lat, lon, ngr);
+    return ngr;
+  }
+
+  // A reference as it is typed, without its blank.
+  void Decode(std::string ngr) {
+    ngr.erase(std::remove(ngr.begin(), ngr.end(), ' '), ngr.end());
+    DecodeNGR(w, ngr, w.Lat, w.Lon);
+  }
+};
+
+TEST_F(Geo, LocatorsComeBack) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 30000; ++round) {
+    std::string lc;
+    for (const char last : std::string("RR99XX99XX"))
+      lc += static_cast<char>(last -
+                              static_cast<int>(random() % (last == '9' ? 10U : last - 'A' + 1U)));
+    std::string back;
+    const int length = 6 + round % 3 * 2;
+    DecodeLocator(w, LeftOf(lc, length), w.Lat, w.Lon);
+    GenLocator(w.Lat, w.Lon, back);
+    ASSERT_EQ(back, LeftOf(lc, length) + MidOf("44MM", length - 5));
+  }
+}
+
+TEST_F(Geo, ReferencesComeBack) {
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> north(50, 60.95), west(-1.75, 7.4);
+  const auto metres = [&](const char* axis) {
+    const std::string& text = w.Tarnwick.EastNorth.text;
+    return TextToNumber(MidOf(text, FindIn(1, text, axis) + 2));
+  };
+  for (int round = 0; round < 20000; ++round) {
+    const int digits = 2 + round % 4;
+    const double unit = std::pow(10., 5 - digits);
+    const double resolution = digits == 2 ? 5 : unit / 1000;
+    const std::string ngr = Reference(north(random), -west(random), resolution);
+    ASSERT_EQ(LengthOf(ngr), 3 + 2 * digits);
+    const double e = metres("E:"), n = metres("N:");
+    Decode(ngr);
+    ASSERT_LE(std::fabs(metres("E:") - e), unit / 2 + 1) << ngr;
+    ASSERT_LE(std::fabs(metres("N:") - n), unit / 2 + 1) << ngr;
+    ASSERT_EQ(Reference(w.Lat, w.Lon, resolution), ngr);
+  }
+}
+
+TEST_F(Geo, GenLocatorCutsAndNeverClamps) {
+  const struct {
+    double lat, lon;
+    std::string lc;
+  } rows[] = {
+      // clang-format off
+      {48.85837, 2.294481, "JN18DU56IA"}, {-33.8568, 151.2153, "QF56OD54UI"},
+      {-90, -180, "AA00AA00AA"}, {89.9999999, 179.9999999, "RR99XX99XX"}, {90, 180, "SS00AA00AA"},
+      {51.3125, 0, "JO01AH04AX"},  // on the edge of two cells: 5 tenths are a hair below 5
+      {999, 999, "{\xAD""99MA00AA"}, {1e300, -1e300, {"\0\xFF\0\xFF\0\xFF\0\xFF\0\xFF", 10}},
+      // clang-format on
+  };
+  std::string lc;
+  for (const auto& row : rows) {
+    GenLocator(row.lat, row.lon, lc);
+    EXPECT_EQ(lc, row.lc) << row.lat << ' ' << row.lon;
+  }
+}
+
+TEST_F(Geo, GenNGRHasTheDigitsThatAreWarranted) {
+  const struct {
+    double lat, lon, resolution;
+    const char *ngr, *sheet;
+  } rows[] = {
+      // clang-format off
+      {51.5, -0.1, 5, "TQ32 80", "TQ38"}, {51.5, -0.1, 2.001, "TQ32 80", "TQ38"},
+      {51.5, -0.1, 2, "TQ320 796", "TQ37"}, {51.5, -0.1, 0.1, "TQ320 796", "TQ37"},
+      {51.5, -0.1, 0.099, "TQ3198 7961", "TQ37"}, {51.5, -0.1, 0.01, "TQ3198 7961", "TQ37"},
+      {51.5, -0.1, 0, "TQ31979 79607", "TQ37"}, {53, -2, 0.005, "SK00097 44742", "SK04"},
+      {60.15, -1.15, 0.005, "HU47297 40915", "HU44"},
+      {61, 1.8, 0.005, "JM05553 41247", "JM04"}, {54, -8, 0.005, "SA07011 72675", "SA07"},
+      // Off the grid, the sheet of the place before stays.
+      {49, -2, 0, "Not valid", "SA07"}, {48.99, -2, 0, "", "SA07"}, {61.01, -2, 0, "", "SA07"},
+      {55, -8.01, 0, "", "SA07"}, {55, 1.81, 0, "", "SA07"},
+      // clang-format on
+  };
+  for (const auto& [lat, lon, resolution, ngr, sheet] : rows) {
+    EXPECT_EQ(Reference(lat, lon, resolution), ngr) << lat << ' ' << lon;
+    EXPECT_EQ(w.Tarnwick.OSMap.caption, sheet) << ngr;
+  }
+  // What rounds up to the edge of a lettered square lies in the next one.
+  for (const auto& [typed, ngr] : {std::pair("SU9960050000", "TQ00 50"),
+                                   {"SU5000099700", "SP50 00"},
+                                   {"SE9960099700", "OV00 00"}}) {
+    Decode(typed);
+    EXPECT_EQ(Reference(w.Lat, w.Lon, 5), ngr);
+  }
+}
+
+TEST_F(Geo, DatumAndProjectionGiveThePublishedFigures) {
+  double lat = 0, lon = 0;
+  WGS84ToAiry(51.5, -0.1, lat, lon);
+  EXPECT_NEAR(lat, 51.49948829, 6e-9);
+  EXPECT_NEAR(lon, -0.09839068, 6e-9);
+  AiryToWGS84(51.49948829, -0.09839068, lat, lon);
+  EXPECT_NEAR(lat, 51.5, 6e-9);
+  EXPECT_NEAR(lon, -0.10000004, 6e-9);
+  // 52 39' 27.2531" N, 1 43' 4.5177" E on OSGB36 is 651409.903 E, 313177.270 N.
+  AiryToWGS84(52.65757030555, 1.71792158333, lat, lon);
+  EXPECT_EQ(Reference(lat, lon, 0), "TG51410 13177");
+  for (const auto& [x, y] : {std::pair(1., 1.), {1., -1.}, {-1., 1.}, {-1., -1.}, {0., -1.}})
+    EXPECT_NEAR(ATAN2(x, y), std::atan2(y, x), 1e-12);
+  for (int i = -100; i <= 100; ++i) EXPECT_NEAR(ACS(i / 100.), std::acos(i / 100.), 2e-12);
+}
+
+TEST_F(Geo, AbsurdNumbersStayFinite) {
+  for (const char* ngr : {"SU12346E12", "SU12341E999", "ZZ1234561D99", "SU1234-1E308"}) {
+    Decode(ngr);
+    EXPECT_TRUE(std::isfinite(w.Lat) && std::isfinite(w.Lon)) << ngr;
+  }
+  for (std::string a : {"9D999N 9D999W", "1 9D307 9D308 N 1 W"}) {
+    ParseLatLong(w, a);
+    EXPECT_TRUE(std::isfinite(w.Lat) && std::isfinite(w.Lon)) << a;
+  }
+}
+
+}  // namespace
