@@ -139,7 +139,7 @@ TEST_F(Geo, AbsurdNumbersStayFinite) {
     Decode(ngr);
     EXPECT_TRUE(std::isfinite(w.Lat) && std::isfinite(w.Lon)) << ngr;
   }
-  for (std::string a : {"9D999N 9D999W", "1 9D307 9D308 N 1 W"}) {
+  for (std::string a : {"9D999N 9D999W", "1D999 1D999 N 1 W"}) {
     ParseLatLong(w, a);
     EXPECT_TRUE(std::isfinite(w.Lat) && std::isfinite(w.Lon)) << a;
   }

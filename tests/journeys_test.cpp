@@ -15,7 +15,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <vector>
 
@@ -33,6 +32,11 @@ struct Block {
   std::vector<std::string> under;
 };
 
+void Replace(std::string& line, const std::string& mark, const std::string& text) {
+  for (auto at = line.find(mark); at != std::string::npos; at = line.find(mark, at + text.size()))
+    line.replace(at, mark.size(), text);
+}
+
 std::vector<Block> ReadBlocks(const fs::path& file, const std::string& home) {
   const std::string today = FormatDate(HeadlessPlatform().Today(), "YYYY/mm/dd");
   std::vector<Block> blocks;
@@ -40,8 +44,8 @@ std::vector<Block> ReadBlocks(const fs::path& file, const std::string& home) {
   int lineNumber = 0;
   for (std::string line; std::getline(in, line);) {
     ++lineNumber;
-    line = std::regex_replace(line, std::regex("@HOME@"), home);
-    line = std::regex_replace(line, std::regex("@TODAY@"), today);
+    Replace(line, "@HOME@", home);
+    Replace(line, "@TODAY@", today);
     if (line.rfind("  ", 0) == 0 && !blocks.empty())
       blocks.back().under.push_back(line.substr(2));
     else if (!line.empty())
