@@ -9,10 +9,15 @@ void ClosePort(Workspace& w) {
   if (serial.IsOpen()) serial.Close();
 }
 
+// The mode runs but its device has gone away, which closes the port and nothing else.
+bool HasLostDevice(Workspace& w) {
+  return w.Tarnwick.UseNMEA.caption == kPauseCaption && !w.platform.Serial().IsOpen();
+}
+
 }  // namespace
 
 void UseNMEA_Click(Workspace& w) {
-  if (w.RealTime == kTrue) {
+  if (w.RealTime == kTrue && !HasLostDevice(w)) {
     w.RealTime = kFalse;
     ClosePort(w);
     w.Tarnwick.UseNMEA.caption = kResumeCaption;

@@ -9,8 +9,8 @@ inline constexpr const char* kRealTimeCaption = "Real Time GPS";
 inline constexpr const char* kPauseCaption = "Pause Real Time";
 inline constexpr const char* kResumeCaption = "Resume real time";
 
-// Off or paused: shows the set-up window, where opening a port starts the mode. Setting up or
-// running: closes the port and pauses.
+// Off, paused, or running with a device that has gone away: shows the set-up window, where opening
+// a port starts the mode. Setting up or running: closes the port and pauses.
 void UseNMEA_Click(Workspace& w);
 
 // Closes an open port and puts the mode to off. A visible set-up window stays.

@@ -6,6 +6,7 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+#include <memory>
 
 #include "platform/qt/program.h"
 
@@ -123,7 +124,8 @@ TEST_F(Serial, OpensADeviceThatNobodyHoldsAtAnyRealSpeed) {
 TEST_F(Serial, BringsPlacesOnScreen) {
   qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
-  const Receiver first(folder_, "ttyUSB2"), second(folder_, "rfcomm7");
+  const Receiver second(folder_, "rfcomm7");
+  auto first = std::make_unique<Receiver>(folder_, "ttyUSB2");
   Program program;
   program.desktop.serial.deviceFolder = folder_.path();
   program.Start();
@@ -133,6 +135,7 @@ TEST_F(Serial, BringsPlacesOnScreen) {
   const auto* box = program.mainWindow.findChild<QLineEdit*>("InputText");
   const QString shown = "48 07.038N 011 31.000E [ 12:35:19 UTC ]";
   EXPECT_EQ(program.w.SetUpCom.CPort.items, (std::vector<std::string>{"COM11", "COM32"}));
+  EXPECT_EQ(ports->currentText(), "1") << "the stored text, though there are ports";
   mode->click();
   ports->setEditText("COM32");
   open->click();
@@ -150,6 +153,16 @@ TEST_F(Serial, BringsPlacesOnScreen) {
       QTest::qWaitFor([&] { return box->text() == "33 51.500S 151 12.600E [ 12:35:20 UTC ]"; }));
   mode->click();
   EXPECT_TRUE(other_.SetCommPort(32) && other_.Open()) << "a pause lets go of the port";
+
+  // A receiver that is unplugged leaves the caption; the next click is for setting up anew.
+  mode->click();
+  ports->setEditText("COM11");
+  open->click();
+  first.reset();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !program.desktop.serial.IsOpen(); }));
+  EXPECT_EQ(mode->text(), "Pause Real Time");
+  mode->click();
+  EXPECT_TRUE(program.setUp.isVisible());
 }
 
 }  // namespace

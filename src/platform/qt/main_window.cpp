@@ -4,6 +4,8 @@
 #include <QGridLayout>
 #include <QMouseEvent>
 
+#include "gps/real_time.h"
+#include "platform/qt/text.h"
 #include "workspace/window_modes.h"
 
 namespace {
@@ -33,6 +35,14 @@ MainWindowView::MainWindowView(Mirror& mirror)
   MakeRoomFor(widgets_.As<QLineEdit>("EastNorth"), "E: 000000 , N: 0000000");
   MakeRoomFor(widgets_.As<QLineEdit>("LLText"), "000° 00' 00.0'' W, 000° 00' 00.0'' W");
   MakeRoomFor(widgets_.As<QLineEdit>("LocDatabase"), "c:\\geog\\Sites.dat 0000");
+
+  // The captions of this button change; the columns must not.
+  auto* realTime = widgets_.As<QPushButton>("UseNMEA");
+  for (const char* caption : {kRealTimeCaption, kPauseCaption, kResumeCaption}) {
+    realTime->setText(caption);
+    realTime->setMinimumWidth(std::max(realTime->minimumWidth(), realTime->sizeHint().width()));
+  }
+  realTime->setText(ToQt(mirror.w.Tarnwick.UseNMEA.caption));
 
   widgets_.Label("Label2", "InputText");
   widgets_.Label("Label1", "LocDatabase");
