@@ -9,8 +9,8 @@ cmake --build --preset release
 
 # The sample database, where the program looks at first; what is there already stays.
 drive=${XDG_DATA_HOME:-$HOME/.local/share}/tarnwick/drive_c
-if ! [ -e "$drive/geog/Sites.dat" ]; then
-  mkdir -p "$drive/geog"
+mkdir -p "$drive/geog"
+if [ -z "$(find "$drive" -ipath "$drive/geog/sites.dat")" ]; then
   cp data/Sites.dat "$drive/geog/Sites.dat"
 fi
 

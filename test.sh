@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs what is missing, builds with warnings as errors and runs the tests. With --deep also the
-# sanitizers, the checks of style and the tests that take longer.
+# Installs what is missing, builds with warnings as errors and runs the tests. With --deep instead
+# under the sanitizers and without Qt, with the checks of style.
 set -eu
 cd "$(dirname "$0")"
 

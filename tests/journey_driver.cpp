@@ -299,7 +299,7 @@ bool Select(Workspace& w, std::string_view row) {
 }
 
 void CloseByFrame(Workspace& w, std::string_view window) {
-  if (window == "Tarnwick") Form_Unload(w);
+  if (window == "Tarnwick" && w.Tarnwick.loaded) Form_Unload(w);
   if (window == "BearingCalc") w.BearingCalc.visible = false;
   if (window == "SetUpCom") w.SetUpCom.visible = false;
   if (window == "ShowList") w.ShowList = {};
@@ -354,7 +354,7 @@ bool ActAfterStart(Session& session, std::string_view action, std::string_view r
   } else if (action == "frame") {
     CloseByFrame(w, rest);
   } else if (action == "close") {
-    if (w.Tarnwick.loaded) Form_Unload(w);
+    CloseByFrame(w, "Tarnwick");
   } else {
     return false;
   }

@@ -1,11 +1,14 @@
+// clang-format off
 // Drives the program's logic by user actions, one a line, on the platform without windows, and
 // prints what changed. TEXT is UTF-8 to the end of the line with the escapes \\ \n \r \t and \xNN,
 // a single-byte code.
 //
 // Before the start:
-//   home FOLDER               the per-user folder: c:\... lies in its drive_c if it has one, else
-//   in it setting SECTION KEY TEXT  a stored setting port N                    serial port N can be
-//   opened start                     nothing while the program runs
+//   home FOLDER     the per-user folder: c:\... lies in its drive_c if it has one, else in it
+//   setting SECTION KEY TEXT
+//                   a stored setting
+//   port N          serial port N can be opened
+//   start           nothing while the program runs
 // Then:
 //   type TEXT       into the input box, by keys, without a click in it
 //   enter           presses the default button of the main window
@@ -19,6 +22,7 @@
 //   close           the main window is; `start` may follow, with the same stored settings
 //   show            prints the values that differ from the last show, all at first: NAME VALUE,
 //                   then a line with a single point
+// clang-format on
 #pragma once
 
 #include <iosfwd>

@@ -1,3 +1,4 @@
+// The unit in which the coordinate engine turns.
 #pragma once
 
 // Degrees per radian, in every conversion of the coordinate engine: 180 / 3.141592653589. It is cut

@@ -25,6 +25,7 @@ void UseNMEA_Click(Workspace& w) {
   }
   SetUpCom::Load(w);
   w.SetUpCom.visible = true;
+  w.platform.SetFocus(WindowName::SetUpCom);
   w.RealTime = kTrue;
   w.SetUpCom.left = w.Tarnwick.width + w.Tarnwick.left - 1000;
   w.SetUpCom.top = w.Tarnwick.top + 1000;

@@ -1,5 +1,6 @@
 #include "platform/drive_path.h"
 
+#include <algorithm>
 #include <string_view>
 #include <system_error>
 
@@ -9,6 +10,9 @@
 namespace {
 
 namespace fs = std::filesystem;
+
+// Longer than any file system's; such a path leads nowhere.
+constexpr std::size_t kLongestPath = 4096;
 
 bool HasDrive(const std::string& path) {
   const char letter = path.empty() ? '\0' : UpperOf(path[0]);
@@ -60,6 +64,7 @@ fs::path NativePath(const fs::path& driveC, const std::string& path) {
   fs::path native = driveC;
   if (letter != 'C')
     native.replace_filename("drive_" + std::string(1, static_cast<char>(letter | 0x20)));
+  if (path.size() > kLongestPath) return native / "too long";
   for (std::size_t at = 2; at < path.size();) {
     const std::size_t end = std::min(path.find_first_of("\\/", at), path.size());
     if (end > at) native = EntryOf(native, ToUtf8(std::string_view(path).substr(at, end - at)));

@@ -10,7 +10,7 @@ void Start(Workspace& w, const std::string& target) {
 }  // namespace
 
 void LookForMaps(Workspace& w) {
-  w.MapPath = "c:\\OS_Maps\\";
+  w.MapPath = kMapPath;
   if (w.platform.FileExists(w.MapPath + "*.jpg")) w.Tarnwick.OSMap.enabled = true;
 }
 

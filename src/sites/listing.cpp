@@ -1,5 +1,6 @@
 #include "sites/listing.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -156,6 +157,7 @@ bool WriteListing(Workspace& w, const std::string& path) {
   const std::filesystem::path source = w.platform.NativePath(w.Tarnwick.LocDatabase.text);
   std::error_code error;
   if (std::filesystem::equivalent(native, source, error)) return false;
+  if (std::filesystem::is_fifo(native, error)) return false;  // opening it could wait for ever
   ListingFile out;
   out.file = std::fopen(native.string().c_str(), "wb");
   if (out.file == nullptr) return false;

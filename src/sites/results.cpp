@@ -10,6 +10,7 @@ void OpenResults(Workspace& w) {
   window.left = ToSingle(w.Tarnwick.left + w.Tarnwick.width / 3.0);
   window.top = ToSingle(w.Tarnwick.top + w.Tarnwick.height / 4.0);
   window.OK.visible = true;
+  w.platform.SetFocus(WindowName::ShowList);
 }
 
 void CloseResults(Workspace& w) {

@@ -134,8 +134,9 @@ void SearchDatabase(Workspace& w) {
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
-  while (ReadLine(w.database, line))
-    if (Matches(line, sought)) w.ShowList.PR.items.push_back(LeftOf(line, kEntryLength));
+  std::vector<std::string>& entries = w.ShowList.PR.items;
+  while (entries.size() < kMostEntries && ReadLine(w.database, line))
+    if (Matches(line, sought)) entries.push_back(LeftOf(line, kEntryLength));
   CloseDatabase(w);
 }
 

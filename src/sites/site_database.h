@@ -15,6 +15,9 @@ inline constexpr std::size_t kLongestLine = 32766;
 // A lookup shows this many characters of a line.
 inline constexpr int kEntryLength = 28;
 
+// More entries than these a lookup leaves out: a file of nothing but line ends would fill memory.
+inline constexpr std::size_t kMostEntries = 10'000'000;
+
 // One line taken apart; the views live as long as the line.
 struct SiteLine {
   bool isRecord = false;      // there is a "~"
@@ -48,7 +51,7 @@ bool Matches(std::string_view line, const CaseBlindText& sought);
 void CloseDatabase(Workspace& w);
 
 // Shows the Results window and adds every line that holds the text of InputText, cut at 28
-// characters; all lines if it is empty. A second lookup adds to what is there.
+// characters; all lines if it is empty. A second lookup adds to what is there, up to kMostEntries.
 void SearchDatabase(Workspace& w);
 
 void Lookup_Click(Workspace& w);

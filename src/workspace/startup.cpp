@@ -8,11 +8,12 @@
 #include "pointing/external_maps.h"
 #include "sites/site_database.h"
 #include "workspace/home_station.h"
+#include "workspace/use_this.h"
 
 namespace {
 
-constexpr Rgb kGreen{180, 255, 200};
-constexpr const char* kDefaultDatabase = "c:\\geog\\Sites.dat";
+// Reads as no home station: a stored pair is one only if both values are below 500.
+constexpr const char* kNoHome = "999";
 
 // Shows the stored pair in Lat and Lon as a place and makes it the home station. No distance is
 // worked out: the figures show zeros until the first Use This.
@@ -24,7 +25,7 @@ void RestoreHome(Workspace& w) {
   main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
                         "  Long: " + FormatPicture(w.BaseLong, "####.###");
   pointing.Ipt.text = main.InputText.text;
-  for (TextBox* box : {&main.LocText, &main.NGRText, &main.LLText}) box->back = kGreen;
+  for (TextBox* box : {&main.LocText, &main.NGRText, &main.LLText}) box->back = kLatLongGround;
   ShowLatLong(w);
   std::string lc;
   GenLocator(w.Lat, w.Lon, lc);
@@ -34,9 +35,7 @@ void RestoreHome(Workspace& w) {
   GenNGR(w, w.Lat, w.Lon, ngr);
   main.NGRText.text = ngr;
   main.SetHome.enabled = true;
-  pointing.DistText.text = FormatPicture(w.Dist, "####0.00#");
-  pointing.BearText.text = FormatPicture(w.Bearing, "##0.0");
-  pointing.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
+  ShowDistanceAndBearing(w);
   pointing.UncertText.text =
       FormatPicture(w.DistUncert, "0.00#km ") + FormatPicture(w.BearUncert, "0.0 deg");
   w.sitename.clear();
@@ -54,9 +53,8 @@ void Form_Load(Workspace& w) {
   const std::string baud = platform.ReadSetting("CPort", "Baud", "9600");
   const std::string port = platform.ReadSetting("CPort", "CP", "1");
   const std::string database = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
-  const std::string noHome = NumberToText(kNoHome);
-  w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", noHome));
-  w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", noHome));
+  w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", kNoHome));
+  w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", kNoHome));
   if (w.Lat < 500 && w.Lon < 500) RestoreHome(w);
 
   SetUpCom::Load(w);

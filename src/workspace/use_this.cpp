@@ -12,10 +12,9 @@
 
 namespace {
 
-// The grounds of a calculated place, of a typed latitude and longitude, of a site.
+// The grounds of a typed reference and of a site.
 constexpr Rgb kYellow{255, 255, 90};
 constexpr Rgb kGridLLYellow{255, 250, 90};
-constexpr Rgb kGreen{180, 255, 200};
 constexpr Rgb kSand{255, 240, 200};
 
 void PaintGrounds(Workspace& w, Rgb loc, Rgb ngr, Rgb ll) {
@@ -29,12 +28,6 @@ struct UncertaintyPictures {
   const char* distance;
   const char* bearing;
 };
-
-void ShowDistanceAndBearing(Workspace& w) {
-  w.BearingCalc.DistText.text = FormatPicture(w.Dist, "####0.00#");
-  w.BearingCalc.BearText.text = FormatPicture(w.Bearing, "##0.0");
-  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
-}
 
 // The end of the typed paths. The figures are written without a home station too, unseen.
 void FinishTypedPlace(Workspace& w, const UncertaintyPictures& pictures) {
@@ -87,7 +80,7 @@ void UseLocator(Workspace& w, const std::string& s) {
 }
 
 void UseLatLong(Workspace& w, std::string& s) {
-  PaintGrounds(w, kGreen, kGreen, kGreen);
+  PaintGrounds(w, kLatLongGround, kLatLongGround, kLatLongGround);
   ParseLatLong(w, s);
   w.Tarnwick.InputText.text = s;
   w.BearingCalc.Ipt.text = s;
@@ -157,6 +150,12 @@ void FindSite(Workspace& w) {
 }
 
 }  // namespace
+
+void ShowDistanceAndBearing(Workspace& w) {
+  w.BearingCalc.DistText.text = FormatPicture(w.Dist, "####0.00#");
+  w.BearingCalc.BearText.text = FormatPicture(w.Bearing, "##0.0");
+  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
+}
 
 void FindIt_Click(Workspace& w) {
   CloseDatabase(w);

@@ -8,3 +8,9 @@
 // with a home station set the figures and the compass of the Pointing window. SetHome is enabled
 // when that led to a place and disabled otherwise. A failed decode goes on with the place before.
 void FindIt_Click(Workspace& w);
+
+// Dist, Bearing and Backbearing into the fields of the Pointing window, zeros while they are empty.
+void ShowDistanceAndBearing(Workspace& w);
+
+// The ground of the three forms under a latitude and longitude, typed or stored.
+inline constexpr Rgb kLatLongGround{180, 255, 200};

@@ -68,8 +68,8 @@ char DigitAt(const Decimal& decimal, int power) {
 // The parts of a picture.
 struct Picture {
   std::string_view head, tail;
-  int wholeZeros = 0;      // whole digits printed even if 0
-  bool point = false;      //
+  int wholeZeros = 0;  // whole digits printed even if 0
+  bool point = false;
   int fractionPlaces = 0;  // the most fraction digits
   int fractionZeros = 0;   // fraction digits printed even if 0
 };

@@ -106,6 +106,8 @@ struct Window {
   bool visible = false;
 };
 
+inline constexpr const char* kDefaultDatabase = "c:\\geog\\Sites.dat";
+
 inline constexpr float kLookupHeight = 4700;
 inline constexpr float kListingHeight = 6780;
 
@@ -124,7 +126,7 @@ struct MainWindow : Window {
   Label Label14{.caption = "From Site Database, Locator,  NGR or free format Lat / Long", .fore = Rgb{0, 128, 0}};
   Label Label2{.caption = "Input data", .fore = Rgb{192, 64, 0}};
   Label Label1{.caption = "Location of Site database", .fore = Rgb{128, 128, 128}};
-  TextBox LocDatabase{.text = "c:\\geog\\Sites.dat", .tip = "Insert full path and filename for the site database.  eg. C:\\geog\\sites.dat"};
+  TextBox LocDatabase{.text = kDefaultDatabase, .tip = "Insert full path and filename for the site database.  eg. C:\\geog\\sites.dat"};
   TextBox InputText{.fore = Rgb{128, 128, 128}, .tip = "Enter  Part of sitename,  Locator (6 or 8 char) ,   NGR (8 or 10 char) or Free format  Lat / Long.   Also mask for Database lookup"};
   Label Label5{.caption = "Resolution", .fore = Rgb{0, 128, 128}};
   Label Xdim{.fore = Rgb{0, 128, 128}};

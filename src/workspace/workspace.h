@@ -14,10 +14,6 @@
 // The name under which settings are stored and messages are shown.
 inline constexpr const char* kProgramTitle = "Tarnwick";
 
-// A stored home station whose latitude or longitude is missing reads as this; a pair counts as a
-// home station only if both are below 500.
-inline constexpr double kNoHome = 999;
-
 // The one handle of the site database, open from a command that reads it to the next one.
 struct DatabaseHandle {
   std::FILE* file = nullptr;
@@ -34,6 +30,9 @@ struct DatabaseHandle {
     if (file != nullptr) std::fclose(file);
   }
 };
+
+// The folder of the map images.
+inline constexpr const char* kMapPath = "c:\\OS_Maps\\";
 
 struct Workspace {
   explicit Workspace(Platform& platformOfRun) : platform(platformOfRun) {}
@@ -61,12 +60,12 @@ struct Workspace {
   UntypedValue BearUncert;   // degrees
   UntypedValue DistUncert;   // km
 
-  std::string sitename;                   // name of the site last taken from the database
-  double LLFormat = 0;                    // layout of LLText: 0 degrees, 1 minutes, 2 seconds
-  std::int16_t RealTime = kFalse;         // real-time mode is on
-  std::int32_t ListLeft = 0;              // twips, where the Results window was last closed
-  std::int32_t ListTop = 0;               //
-  std::string MapPath = "c:\\OS_Maps\\";  // folder of the map images
+  std::string sitename;            // name of the site last taken from the database
+  double LLFormat = 0;             // layout of LLText: 0 degrees, 1 minutes, 2 seconds
+  std::int16_t RealTime = kFalse;  // real-time mode is on
+  std::int32_t ListLeft = 0;       // twips, where the Results window was last closed
+  std::int32_t ListTop = 0;        //
+  std::string MapPath = kMapPath;  // folder of the map images
 
   DatabaseHandle database;
 

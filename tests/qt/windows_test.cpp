@@ -96,6 +96,8 @@ TEST_F(Windows, TakeEditsWhateverTheirSource) {
   Find("InputText")->setText(QString::fromUtf8("51\u203230\u2033N \u22121\U0001F600\u00E9"));
   EXPECT_EQ(program_->w.Tarnwick.InputText.text, "51'30\"N -1?\xE9");
   EXPECT_EQ(TextOf("InputText"), "51'30\"N -1?\u00E9");
+  Find("InputText")->setText("\r\nNN166712\r\nNN166713");  // cells of a table
+  EXPECT_EQ(program_->w.Tarnwick.InputText.text, "NN166712");
   Find("LocDatabase")->setText("/tmp/elsewhere.dat");
   EXPECT_EQ(program_->w.Tarnwick.LocDatabase.text, "/tmp/elsewhere.dat");
   Find<QComboBox>("Baud", &program_->setUp)->setEditText("115200");
@@ -113,7 +115,11 @@ TEST_F(Windows, PressTheDefaultButtonByEnterAndAFocusedOneBySpace) {
   QTest::keyClick(format, Qt::Key_Space);
   EXPECT_EQ(program_->w.LLFormat, 2);
   Click("SetHome");
-  Click("GenList");
+  EXPECT_EQ(program_->mainWindow.focusWidget(), format) << "a click leaves the focus alone";
+  Find<QPushButton>("GenList")->setFocus();
+  QTest::keyClick(Find<QPushButton>("GenList"), Qt::Key_Space);
+  EXPECT_EQ(program_->mainWindow.focusWidget()->objectName(), "InputText")
+      << "a button that goes must not leave Enter to the next one";
   EXPECT_TRUE(Find<QPushButton>("MakeList")->isDefault());
   EXPECT_TRUE(Find<QPushButton>("MakeList")->isVisible());
   QTest::keyClick(Find("InputText"), Qt::Key_Escape);

@@ -1,5 +1,5 @@
-// A complete platform without windows: it remembers what was asked of it. Tests, the journey driver
-// and the benchmarks run the program's real procedures on it.
+// A complete platform without windows: it remembers what was asked of it. Tests and the journey
+// driver run the program's real procedures on it.
 #pragma once
 
 #include <filesystem>

@@ -13,10 +13,6 @@ constexpr int kDesignLine = 13;        // pixels
 constexpr double kLetterSize = 0.155;  // of the side: the letters stay clear of the circle
 constexpr double kPenWidth = 1.0 / kDesignSide;
 
-QColor ColourOf(const Rgb& colour) {
-  return {colour.red, colour.green, colour.blue};
-}
-
 }  // namespace
 
 CompassPicture::CompassPicture(const PictureBox& state, QWidget* parent)
@@ -38,7 +34,7 @@ void CompassPicture::paintEvent(QPaintEvent* /*event*/) {
   painter.translate((width() - side) / 2, (height() - side) / 2);
   const QRectF whole(0, 0, side, side);
   painter.setClipRect(whole);
-  painter.fillRect(whole, state_.back ? ColourOf(*state_.back) : palette().color(QPalette::Window));
+  painter.fillRect(whole, state_.back ? ToQt(*state_.back) : palette().color(QPalette::Window));
   painter.translate(side / 2, side / 2);
 
   QFont letters = font();
@@ -48,7 +44,7 @@ void CompassPicture::paintEvent(QPaintEvent* /*event*/) {
   QPointF at;
   for (const DrawOperation& op : state_.operations) {
     const QPointF first = QPointF(op.x1, op.y1) * scale;
-    painter.setPen(QPen(ColourOf(op.colour), side * kPenWidth));
+    painter.setPen(QPen(ToQt(op.colour), side * kPenWidth));
     switch (op.kind) {
       case DrawOperation::Kind::Line:
         painter.drawLine(first, QPointF(op.x2, op.y2) * scale);

@@ -10,11 +10,13 @@
 #include "platform/qt/text.h"
 #include "workspace/workspace.h"
 
-Desktop::Desktop()
-    : driveC(
-          std::filesystem::path(
-              QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString()) /
-          "tarnwick" / "drive_c") {}
+Desktop::Desktop() {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  driveC = std::filesystem::path(data.toStdString()) / "tarnwick" / "drive_c";
+  // Where database and listing lie unless the user says otherwise.
+  std::error_code error;
+  std::filesystem::create_directories(driveC / "geog", error);
+}
 
 std::string Desktop::ReadSetting(const std::string& section, const std::string& key,
                                  const std::string& otherwise) {
@@ -41,6 +43,7 @@ void Desktop::MsgBox(const std::string& text) {
   QApplication::setOverrideCursor(Qt::ArrowCursor);
   box.exec();
   QApplication::restoreOverrideCursor();
+  serial.Rest();
 }
 
 bool Desktop::Shell(const std::string& command, WindowStyle /*style*/) {

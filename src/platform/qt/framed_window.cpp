@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
@@ -74,13 +75,32 @@ void FramedWindow::ShowState() {
 }
 
 void FramedWindow::Place() {
-  ++settling_;
-  QTimer::singleShot(kSettleMilliseconds, this, [this] { --settling_; });
+  AwaitConsequences();
   move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
 }
 
+void FramedWindow::AwaitConsequences() {
+  ++settling_;
+  QTimer::singleShot(kSettleMilliseconds, this, [this] { --settling_; });
+}
+
 bool FramedWindow::IsUsersDoing() const {
-  return isVisible() && settling_ == 0 && !isMinimized();
+  const auto filling = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+  return isVisible() && settling_ == 0 && !(windowState() & filling);
+}
+
+void FramedWindow::ToFront() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
+  setFocus();
+}
+
+void FramedWindow::ResizeToDesign() {
+  AwaitConsequences();
+  layout()->activate();
+  const QSize design(Pixels(state_.width), Pixels(state_.height));
+  resize(design.expandedTo(layout()->totalMinimumSize()));
 }
 
 void FramedWindow::closeEvent(QCloseEvent* event) {

@@ -20,12 +20,16 @@ class FramedWindow : public QWidget {
   std::function<void()> onClose;
   // The button that Enter presses; none at first.
   void SetDefaultButton(QPushButton* button);
+  // Brings the window before the others, with the input focus on its focus proxy.
+  void ToFront();
 
  protected:
   // Where the window goes for the place in the record; the title bar stays within reach.
   virtual QPoint PlaceFor(QPoint wanted) const;
   // Called when the record asks for another size.
   virtual void ShowSize() {}
+  // The size of the design, or what the fonts need if that is more.
+  void ResizeToDesign();
   void ShowState();
 
   void closeEvent(QCloseEvent* event) override;
@@ -38,6 +42,7 @@ class FramedWindow : public QWidget {
 
  private:
   bool IsUsersDoing() const;
+  void AwaitConsequences();
   void Place();
 
   Window shown_;

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QMouseEvent>
+#include <algorithm>
 
 #include "gps/real_time.h"
 #include "platform/qt/text.h"
@@ -64,9 +65,11 @@ MainWindowView::MainWindowView(Mirror& mirror)
   state_.width = std::max(state_.width, static_cast<float>(sizeHint().width()) * kTwipsPerPixel);
   widgets_["InputText"]->installEventFilter(this);
   widgets_["NGRText"]->installEventFilter(this);
-  widgets_["InputText"]->setFocus();
+  setFocusProxy(widgets_["InputText"]);
+  setFocus();
   mirror.OnShow([this] {
     const MainWindow& main = mirror_.w.Tarnwick;
+    ShowListing();
     SetDefaultButton(widgets_.ButtonOf(main.*main.defaultButton));
   });
 }
@@ -163,11 +166,13 @@ QWidget* MainWindowView::ListingPanel() {
 
 // The heights that the logic sets say which rows are there; the fonts say how high those are.
 void MainWindowView::ShowSize() {
-  listing_->setVisible(state_.height > kLookupHeight);
-  layout()->activate();
-  const QSize wanted(static_cast<int>(state_.width / kTwipsPerPixel),
-                     static_cast<int>(state_.height / kTwipsPerPixel));
-  resize(wanted.expandedTo(layout()->totalMinimumSize()));
+  ShowListing();
+  ResizeToDesign();
+}
+
+// From the first time on the rows of the listing stay; the logic hides what is in them.
+void MainWindowView::ShowListing() {
+  if (mirror_.w.Tarnwick.MakeList.visible) listing_->show();
 }
 
 // The caption "Loc ... NGR" is one text; its blanks are spread so that each word stands over its

@@ -15,6 +15,7 @@ class MainWindowView : public FramedWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void ShowListing();
   void LayOutPlace(QGridLayout* grid);
   QWidget* AccuracyBox();
   QWidget* ListingPanel();

@@ -1,6 +1,5 @@
 #include "platform/qt/mirror.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -8,34 +7,28 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <algorithm>
+#include <limits>
 
 #include "platform/qt/text.h"
 
 namespace {
 
-QColor ColourOf(const Rgb& colour) {
-  return {colour.red, colour.green, colour.blue};
-}
-
 void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
   if (!colour && !widget->palette().isBrushSet(QPalette::Active, role)) return;
   QPalette palette = widget->palette();
-  const QColor shown = colour ? ColourOf(*colour) : LightPalette().color(role);
+  const QColor shown = colour ? ToQt(*colour) : LightPalette().color(role);
   palette.setColor(QPalette::Active, role, shown);
   palette.setColor(QPalette::Inactive, role, shown);
   widget->setPalette(palette);
 }
 
-// A hidden control keeps its place in the layout.
-void KeepPlace(QWidget* widget) {
-  QSizePolicy policy = widget->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  widget->setSizePolicy(policy);
-}
-
-// What the record holds of a typed text, shown in its place if a character had to give way.
+// What the record holds of a typed text, shown in its place if a character had to give way. Of
+// several pasted lines the first counts: a cell of a table comes with its line end.
 std::string Taken(QLineEdit* edit) {
   std::string text = FromQt(edit->text());
+  text.erase(0, text.find_first_not_of("\r\n"));
+  text.erase(std::min(text.find_first_of("\r\n"), text.size()));
   const QString shown = ToQt(text);
   if (shown != edit->text()) {
     const qsizetype cursor = ToQt(FromQt(edit->text().left(edit->cursorPosition()))).size();
@@ -86,6 +79,12 @@ void Mirror::OnChange(const State& state, Update update) {
     shown = state;
     update();
   });
+}
+
+void Mirror::KeepPlace(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
 }
 
 void Mirror::Describe(QWidget* widget, const char* name, const char* tip) {
@@ -148,11 +147,14 @@ void Mirror::Bind(WindowName /*window*/, const char* name, Label& state, QLabel*
 void Mirror::Bind(WindowName window, const char* name, Button& state, QPushButton* button) {
   Describe(button, name, state.tip);
   KeepPlace(button);
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves Enter to the default button
   if (const Handler* handler = ClickHandler(window, name))
     QObject::connect(button, &QPushButton::clicked, button, [this, handler] { Run(*handler); });
   OnChange(state, [button, &state] {
     button->setText(ToQt(state.caption));
     Paint(button, QPalette::Button, state.back);
+    // Qt would pass the focus of a button that goes on to the next one, for Enter to press.
+    if (button->hasFocus() && !(state.enabled && state.visible)) button->window()->setFocus();
     button->setEnabled(state.enabled);
     button->setVisible(state.visible);
   });

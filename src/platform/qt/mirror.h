@@ -53,6 +53,8 @@ class Mirror {
   void Bind(WindowName window, const char* name, ComboBox& state, QComboBox* box);
   void Bind(WindowName window, const char* name, Frame& state, QFrame* frame);
 
+  // A hidden control keeps its place in the layout.
+  static void KeepPlace(QWidget* widget);
   // A widget's name, tool tip and what assistive tools read of them.
   static void Describe(QWidget* widget, const char* name, const char* tip);
 

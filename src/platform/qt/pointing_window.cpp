@@ -45,18 +45,14 @@ PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow
   const PictureBox& picture = mirror.w.BearingCalc.C;
   Mirror::Describe(compass_, "C", "");
   compass_->setAccessibleName("Compass");
-  QSizePolicy policy = compass_->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  compass_->setSizePolicy(policy);
+  Mirror::KeepPlace(compass_);
   mirror.OnShow([this, &picture, shown = PictureBox{}]() mutable {
     compass_->setVisible(picture.visible);
     if (shown == picture) return;
     shown = picture;
     compass_->update();
   });
-  resize(QSize(static_cast<int>(state_.width / kTwipsPerPixel),
-               static_cast<int>(state_.height / kTwipsPerPixel))
-             .expandedTo(grid->totalMinimumSize()));
+  ResizeToDesign();
 }
 
 // A place above the screen would come down onto the main window; beside it is better, where there

@@ -1,13 +1,15 @@
 #include "platform/qt/program.h"
 
+#include <QTimer>
+
 #include "gps/nmea_receiver.h"
 #include "workspace/startup.h"
 
 Program::Program() {
   desktop.showRecord = [this] { mirror.Show(); };
-  desktop.focusWindow = [this](WindowName) {
-    mainWindow.raise();
-    mainWindow.activateWindow();
+  // Queued: the window may be shown by the command that asks.
+  desktop.focusWindow = [this](WindowName name) {
+    QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).ToFront(); });
   };
   desktop.serial.onComm = [this] { return mirror.Run(SetUpCom::MSComm1_OnComm); };
   mirror.onIdle = [this] { desktop.serial.Remind(); };
@@ -24,6 +26,19 @@ Program::Program() {
     mirror.Run([](Workspace& record) { record.SetUpCom.visible = false; });
   };
   results.onClose = [this] { mirror.Run([](Workspace& record) { record.ShowList = {}; }); };
+}
+
+FramedWindow& Program::WindowOf(WindowName name) {
+  switch (name) {
+    case WindowName::BearingCalc:
+      return pointing;
+    case WindowName::ShowList:
+      return results;
+    case WindowName::SetUpCom:
+      return setUp;
+    default:
+      return mainWindow;
+  }
 }
 
 void Program::Start() {

@@ -14,6 +14,7 @@ struct Program {
 
   // Runs the start-up and shows the windows.
   void Start();
+  FramedWindow& WindowOf(WindowName name);
   // Called when the main window has been closed and everything is stored.
   std::function<void()> onEnd;
 

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QScreen>
 #include <QStyle>
+#include <algorithm>
 
 #include "platform/qt/text.h"
 #include "sites/results.h"
@@ -88,8 +89,13 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
   resize(std::min(wanted, screen()->availableGeometry().width()),
          static_cast<int>(state_.height / kTwipsPerPixel));
 
-  connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& current) { mirror_.w.ShowList.PR.index = current.row(); });
+  QWidget::setTabOrder(view_, widgets_["OK"]);
+  setFocusProxy(view_);
+  // The current entry may be one that merely has the focus; what is picked is the selected one.
+  connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    const QModelIndexList selected = view_->selectionModel()->selectedIndexes();
+    mirror_.w.ShowList.PR.index = selected.isEmpty() ? -1 : selected.front().row();
+  });
   static constexpr Handler kPick{WindowName::ShowList, "PR", ShowList::PR_DblClick, true};
   connect(view_, &QListView::doubleClicked, this, [this] { mirror_.Run(kPick); });
   mirror.OnShow([this] { ShowList(); });

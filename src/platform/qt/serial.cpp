@@ -29,18 +29,26 @@ QString DeviceOf(int port, const QString& folder) {
 
 SerialPort::SerialPort() {
   reminder_.setSingleShot(true);
-  connect(&reminder_, &QTimer::timeout, this, &SerialPort::Arrived);
+  connect(&reminder_, &QTimer::timeout, this, [this] {
+    resting_ = false;
+    Arrived();
+  });
   connect(&port_, &QSerialPort::readyRead, this, &SerialPort::Arrived);
   connect(&port_, &QSerialPort::errorOccurred, this, &SerialPort::Failed);
 }
 
 // Queued, so that between two events the windows have their turn however fast the line is.
 void SerialPort::Remind() {
-  reminder_.start(0);
+  if (!resting_) reminder_.start(0);
+}
+
+void SerialPort::Rest() {
+  resting_ = true;
+  reminder_.start(1000);
 }
 
 void SerialPort::Arrived() {
-  if (!IsOpen() || threshold_ <= 0 || port_.bytesAvailable() < threshold_) return;
+  if (resting_ || !IsOpen() || threshold_ <= 0 || port_.bytesAvailable() < threshold_) return;
   if (onComm && onComm()) Remind();
 }
 

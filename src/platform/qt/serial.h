@@ -22,6 +22,8 @@ class SerialPort : public QObject, public SerialControl {
   // event could be taken; if not, Remind brings it up again.
   std::function<bool()> onComm;
   void Remind();
+  // No event for a second: after a message box the user's hand comes first.
+  void Rest();
 
   bool SetCommPort(std::int16_t number) override;
   void SetInBufferSize(int characters) override;
@@ -40,4 +42,5 @@ class SerialPort : public QObject, public SerialControl {
   QTimer reminder_;
   QString device_;  // of the chosen port
   int threshold_ = 0;
+  bool resting_ = false;
 };

@@ -1,10 +1,8 @@
 #include "platform/qt/setup_window.h"
 
 #include <QGridLayout>
-#include <QPlainTextEdit>
 
 #include "platform/qt/serial.h"
-#include "platform/qt/text.h"
 
 SetUpWindowView::SetUpWindowView(Mirror& mirror)
     : FramedWindow(mirror, mirror.w.SetUpCom, "SetUpCom"),
@@ -30,7 +28,5 @@ SetUpWindowView::SetUpWindowView(Mirror& mirror)
         ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
     if (ports->currentText() != text) ports->setEditText(text);
   });
-  resize(QSize(static_cast<int>(state_.width / kTwipsPerPixel),
-               static_cast<int>(state_.height / kTwipsPerPixel))
-             .expandedTo(grid->totalMinimumSize()));
+  ResizeToDesign();
 }

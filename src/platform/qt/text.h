@@ -1,10 +1,17 @@
-// The one place where texts cross between the logic and Qt.
+// The one place where texts and colours cross between the logic and Qt.
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <string>
+
+#include "workspace/view.h"
 
 QString ToQt(const std::string& text);
 
 // Characters that the single-byte set lacks take their nearest form, else "?".
 std::string FromQt(const QString& text);
+
+inline QColor ToQt(const Rgb& colour) {
+  return {colour.red, colour.green, colour.blue};
+}

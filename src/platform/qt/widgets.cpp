@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "platform/qt/text.h"
 
@@ -16,10 +17,8 @@ QSize CaptionLabel::minimumSizeHint() const {
 void CaptionLabel::paintEvent(QPaintEvent* event) {
   const int room = contentsRect().width();
   if (fontMetrics().horizontalAdvance(text()) <= room) {
-    setToolTip({});
     return QLabel::paintEvent(event);
   }
-  setToolTip(text());
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft,

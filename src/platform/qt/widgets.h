@@ -13,8 +13,7 @@
 
 #include "platform/qt/mirror.h"
 
-// A label that doesn't stretch its window: a caption too long for its place ends in dots, and is
-// the tool tip in full.
+// A label that doesn't stretch its window: a caption too long for its place ends in dots.
 class CaptionLabel : public QLabel {
  public:
   using QLabel::QLabel;
