@@ -2,6 +2,7 @@
 #include <QApplication>
 
 #include "platform/qt/program.h"
+#include "platform/qt/termination.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
 
   Program program;
   program.onEnd = [] { QApplication::quit(); };
+  OnTermination([&program] { program.End(); });
   program.Start();
   return QApplication::exec();
 }

@@ -154,7 +154,8 @@ void Mirror::Bind(WindowName window, const char* name, Button& state, QPushButto
     button->setText(ToQt(state.caption));
     Paint(button, QPalette::Button, state.back);
     // Qt would pass the focus of a button that goes on to the next one, for Enter to press.
-    if (button->hasFocus() && !(state.enabled && state.visible)) button->window()->setFocus();
+    QWidget* window = button->window();
+    if (window->focusWidget() == button && !(state.enabled && state.visible)) window->setFocus();
     button->setEnabled(state.enabled);
     button->setVisible(state.visible);
   });

@@ -1,5 +1,6 @@
 #include "platform/qt/program.h"
 
+#include <QApplication>
 #include <QTimer>
 
 #include "gps/nmea_receiver.h"
@@ -39,6 +40,15 @@ FramedWindow& Program::WindowOf(WindowName name) {
     default:
       return mainWindow;
   }
+}
+
+void Program::End() {
+  if (!mirror.IsBusy()) {
+    mainWindow.close();
+    return;
+  }
+  if (QWidget* box = QApplication::activeModalWidget()) box->close();
+  QTimer::singleShot(0, &mainWindow, [this] { End(); });
 }
 
 void Program::Start() {

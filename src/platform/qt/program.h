@@ -14,6 +14,8 @@ struct Program {
 
   // Runs the start-up and shows the windows.
   void Start();
+  // Closes the main window, and first whatever stands before it.
+  void End();
   FramedWindow& WindowOf(WindowName name);
   // Called when the main window has been closed and everything is stored.
   std::function<void()> onEnd;
