@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
 
-unsigned char Folded(char c) {
-  return static_cast<unsigned char>(UpperOf(c));
+unsigned char Code(char c) {
+  return static_cast<unsigned char>(c);
 }
 
 // Moves what is left to the front of the buffer and reads more behind it; false if nothing came.
@@ -56,14 +56,22 @@ SiteLine SplitSiteLine(std::string_view line) {
   return {true, line.substr(0, first), line.substr(first + 1, second - first - 1)};
 }
 
+// The search without case skips along the line, where the exact one would stop at every E.
 bool HoldsEndMarker(std::string_view line) {
-  return line.find("ENDENDEND") != std::string_view::npos;
+  static const CaseBlindText kAnyCase("ENDENDEND");
+  return Matches(line, kAnyCase) && line.find("ENDENDEND") != std::string_view::npos;
 }
 
 CaseBlindText::CaseBlindText(std::string_view text) : upper(UpperOf(text)) {
-  shift.fill(upper.size());
+  std::array<std::size_t, 256> byCapital{};
+  byCapital.fill(upper.size());
   for (std::size_t i = 0; i + 1 < upper.size(); ++i)
-    shift[static_cast<unsigned char>(upper[i])] = upper.size() - 1 - i;
+    byCapital[Code(upper[i])] = upper.size() - 1 - i;
+  for (std::size_t code = 0; code < shift.size(); ++code) {
+    const char capital = UpperOf(static_cast<char>(code));
+    shift[code] = byCapital[Code(capital)];
+    ends[code] = !upper.empty() && capital == upper.back();
+  }
 }
 
 bool Matches(std::string_view line, const CaseBlindText& sought) {
@@ -71,8 +79,8 @@ bool Matches(std::string_view line, const CaseBlindText& sought) {
   const std::size_t length = upper.size();
   if (length == 0) return true;
   for (std::size_t at = 0; at + length <= line.size();) {
-    const unsigned char last = Folded(line[at + length - 1]);
-    if (last == static_cast<unsigned char>(upper.back()) &&
+    const unsigned char last = Code(line[at + length - 1]);
+    if (sought.ends[last] &&
         std::equal(upper.begin(), upper.end() - 1, line.begin() + static_cast<std::ptrdiff_t>(at),
                    [](char u, char c) { return u == UpperOf(c); }))
       return true;

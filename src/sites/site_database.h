@@ -33,7 +33,10 @@ bool HoldsEndMarker(std::string_view line);
 struct CaseBlindText {
   explicit CaseBlindText(std::string_view text);
   std::string upper;
-  std::array<std::size_t, 256> shift{};  // by the folded character under the end of the text
+  // By the character under the end of the text: how far the text can move on, and whether it could
+  // end there.
+  std::array<std::size_t, 256> shift{};
+  std::array<bool, 256> ends{};
 };
 
 // Whether the text stands anywhere in the line, the "~" included. The empty text always does.
