@@ -59,6 +59,12 @@ void EntriesView::FitColumns() {
   setGridSize({std::max(width, EntryWidth()), fontMetrics().height() + 1});
 }
 
+// With the focus the first entry would be the current one, unseen, and the first Down pass it over.
+void EntriesView::focusInEvent(QFocusEvent* event) {
+  QListView::focusInEvent(event);
+  if (!selectionModel()->hasSelection()) setCurrentIndex({});
+}
+
 void EntriesView::resizeEvent(QResizeEvent* event) {
   FitColumns();
   QListView::resizeEvent(event);

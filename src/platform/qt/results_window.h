@@ -30,6 +30,7 @@ class EntriesView : public QListView {
   int EntryWidth() const;
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -28,5 +28,6 @@ SetUpWindowView::SetUpWindowView(Mirror& mirror)
         ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
     if (ports->currentText() != text) ports->setEditText(text);
   });
+  setFocusProxy(ports);
   ResizeToDesign();
 }
