@@ -13,6 +13,7 @@
 #include "platform/headless/headless.h"
 #include "sites/listing.h"
 #include "workspace/classify_input.h"
+#include "workspace/use_this.h"
 
 namespace {
 
@@ -78,6 +79,60 @@ TEST_F(Database, MatchesAsAPlainSearchDoes) {
     const std::string sought = text(5);
     const bool plain = UpperOf(line).find(UpperOf(sought)) != std::string::npos;
     ASSERT_EQ(Matches(line, CaseBlindText(sought)), plain) << line << " / " << sought;
+  }
+}
+
+// What Use This makes of the lines, one after the other: its words and the name it ends with.
+std::pair<std::string, std::string> PlainUse(const std::vector<std::string>& lines,
+                                             const std::string& sought) {
+  std::string name;
+  for (const std::string& line : lines) {
+    const SiteLine site = SplitSiteLine(line);
+    if (line.find("ENDENDEND") != std::string::npos) return {"Not Found", name};
+    if (!site.isRecord) break;
+    name = site.name;
+    if (UpperOf(line).find(UpperOf(sought)) != std::string::npos)
+      return {name + "   " + UpperOf(site.position), name};
+  }
+  return {sought, name};
+}
+
+TEST_F(Database, PassingOverLinesChangesNothing) {
+  std::mt19937 random(1);
+  const char* const pieces[] = {"\r\n",  "\r\n",      "\r",   "\n",
+                                "~",     "~",         "~",    "x",
+                                "hill ", "HIlL",      "\xE9", "\xC9T",
+                                "Den",   "ENDENDEND", "eND",  "Long Mynd~SO4194~by the car park"};
+  const std::size_t lengths[] = {0, 1, 13, 57, 63, 64, 65, 300, 32700, 32767, 230000};
+  const char* const sought[] = {"hill", "x",       "\xE9t",        "\xFF",
+                                "den",  "mynd~so", "no such site", "e"};
+  for (int round = 0; round < 200; ++round) {
+    std::string content(static_cast<std::size_t>(round % 2), '\n');
+    const bool someLong = round % 8 == 0;
+    for (auto count = random() % 200; count > 0; --count) {
+      content.append(lengths[random() % (someLong ? std::size(lengths) : 8)], 'a');
+      if (random() % 50 != 0) content.append("~q~").append(random() % 30, 'N');
+      for (auto some = random() % 4; some > 0; --some)
+        if (const auto piece = random() % std::size(pieces); piece != 13 || random() % 40 == 0)
+          content += pieces[piece];
+      content += random() % 20 == 0 ? "\r" : "\r\n";
+    }
+    Write(content);
+    const std::vector<std::string> lines = PlainLinesOf(content);
+    for (const std::string text : sought) {
+      w.Tarnwick.InputText.text = text;
+      w.ShowList.PR.items.clear();
+      SearchDatabase(w);
+      std::vector<std::string> listed;
+      for (const std::string& line : lines)
+        if (UpperOf(line).find(UpperOf(text)) != std::string::npos)
+          listed.push_back(line.substr(0, 28));
+      ASSERT_EQ(w.ShowList.PR.items, listed) << "round " << round << ", " << text;
+      w.sitename.clear();
+      FindIt_Click(w);
+      ASSERT_EQ(std::pair(w.Tarnwick.InputText.text, w.sitename), PlainUse(lines, text))
+          << "round " << round << ", " << text;
+    }
   }
 }
 

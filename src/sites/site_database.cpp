@@ -2,34 +2,45 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 
+#include "sites/pass_over.h"
 #include "sites/results.h"
 
 namespace {
 
+// The buffer: room for what is carried over, a piece of the file, and what a search by blocks may
+// look at behind it.
+constexpr std::size_t kCarried = kLongestLine + 1;
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
+constexpr std::size_t kPage = 4096;
 
-unsigned char Code(char c) {
-  return static_cast<unsigned char>(c);
+// Reads the next piece to the start of a page, where the system copies fastest, and carries what is
+// left of the one before to just in front of it. False if nothing came.
+bool ReadMore(DatabaseHandle& database) {
+  char* buffer = database.buffer.data();
+  const std::size_t left = database.end - database.at;
+  std::memmove(buffer + database.piece - left, buffer + database.at, left);
+  const std::size_t got = std::fread(buffer + database.piece, 1, kReadSize, database.file);
+  if (got == 0 && std::ferror(database.file) != 0) database.failed = true;
+  database.at = database.piece - left;
+  database.end = database.piece + got;
+  return got > 0;
 }
 
-// Moves what is left to the front of the buffer and reads more behind it; false if nothing came.
-bool ReadMore(DatabaseHandle& database) {
-  std::vector<char>& buffer = database.buffer;
-  const std::size_t left = database.end - database.at;
-  std::memmove(buffer.data(), buffer.data() + database.at, left);
-  database.at = 0;
-  database.end = left;
-  const std::size_t got = std::fread(buffer.data() + left, 1, buffer.size() - left, database.file);
-  if (got == 0 && std::ferror(database.file) != 0) database.failed = true;
-  database.end += got;
-  return got > 0;
+void MakeBuffer(DatabaseHandle& database) {
+  if (!database.buffer.empty()) return;
+  database.buffer.resize(kCarried + kPage + kReadSize + kBlockSlack);
+  void* piece = database.buffer.data() + kCarried;
+  std::size_t space = kPage + kReadSize;
+  piece = std::align(kPage, kReadSize, piece, space);
+  database.piece = static_cast<std::size_t>(static_cast<char*>(piece) - database.buffer.data());
 }
 
 void Close(DatabaseHandle& database) {
   if (database.file != nullptr) std::fclose(database.file);
   database.file = nullptr;
-  database.at = database.end = 0;
+  database.at = database.end = database.piece;
   database.afterReturn = database.failed = false;
 }
 
@@ -40,7 +51,7 @@ bool Open(DatabaseHandle& database, const std::filesystem::path& path) {
   database.file = std::fopen(path.string().c_str(), "rb");
   if (database.file == nullptr) return false;
   std::setvbuf(database.file, nullptr, _IONBF, 0);
-  database.buffer.resize(kReadSize);
+  MakeBuffer(database);
   ReadMore(database);
   if (!database.failed) return true;
   Close(database);
@@ -60,33 +71,6 @@ SiteLine SplitSiteLine(std::string_view line) {
 bool HoldsEndMarker(std::string_view line) {
   static const CaseBlindText kAnyCase("ENDENDEND");
   return Matches(line, kAnyCase) && line.find("ENDENDEND") != std::string_view::npos;
-}
-
-CaseBlindText::CaseBlindText(std::string_view text) : upper(UpperOf(text)) {
-  std::array<std::size_t, 256> byCapital{};
-  byCapital.fill(upper.size());
-  for (std::size_t i = 0; i + 1 < upper.size(); ++i)
-    byCapital[Code(upper[i])] = upper.size() - 1 - i;
-  for (std::size_t code = 0; code < shift.size(); ++code) {
-    const char capital = UpperOf(static_cast<char>(code));
-    shift[code] = byCapital[Code(capital)];
-    ends[code] = !upper.empty() && capital == upper.back();
-  }
-}
-
-bool Matches(std::string_view line, const CaseBlindText& sought) {
-  const std::string& upper = sought.upper;
-  const std::size_t length = upper.size();
-  if (length == 0) return true;
-  for (std::size_t at = 0; at + length <= line.size();) {
-    const unsigned char last = Code(line[at + length - 1]);
-    if (sought.ends[last] &&
-        std::equal(upper.begin(), upper.end() - 1, line.begin() + static_cast<std::ptrdiff_t>(at),
-                   [](char u, char c) { return u == UpperOf(c); }))
-      return true;
-    at += sought.shift[last];
-  }
-  return false;
 }
 
 bool OpenDatabase(Workspace& w) {
@@ -143,8 +127,11 @@ void SearchDatabase(Workspace& w) {
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
   std::vector<std::string>& entries = w.ShowList.PR.items;
-  while (entries.size() < kMostEntries && ReadLine(w.database, line))
-    if (Matches(line, sought)) entries.push_back(LeftOf(line, kEntryLength));
+  while (entries.size() < kMostEntries) {
+    PassOverLines(w.database, sought);
+    if (!ReadLine(w.database, line)) break;
+    if (Matches(line, sought)) entries.emplace_back(line.substr(0, kEntryLength));
+  }
   CloseDatabase(w);
 }
 

@@ -3,17 +3,20 @@
 // format to its users.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
+#include "sites/case_blind_text.h"
 #include "workspace/workspace.h"
 
 // A line longer than this is no line: it is read and passed over.
 inline constexpr std::size_t kLongestLine = 32766;
 
 // A lookup shows this many characters of a line.
-inline constexpr int kEntryLength = 28;
+inline constexpr std::size_t kEntryLength = 28;
+
+// So many characters behind the last one read can be looked at, whatever they are.
+inline constexpr std::size_t kBlockSlack = 128;
 
 // More entries than these a lookup leaves out: a file of nothing but line ends would fill memory.
 inline constexpr std::size_t kMostEntries = 10'000'000;
@@ -28,19 +31,6 @@ SiteLine SplitSiteLine(std::string_view line);
 
 // Whether the line stands behind the last site: "ENDENDEND" anywhere in it, in exactly that case.
 bool HoldsEndMarker(std::string_view line);
-
-// A text to search lines for without regard to case, folded once.
-struct CaseBlindText {
-  explicit CaseBlindText(std::string_view text);
-  std::string upper;
-  // By the character under the end of the text: how far the text can move on, and whether it could
-  // end there.
-  std::array<std::size_t, 256> shift{};
-  std::array<bool, 256> ends{};
-};
-
-// Whether the text stands anywhere in the line, the "~" included. The empty text always does.
-bool Matches(std::string_view line, const CaseBlindText& sought);
 
 // Closes the handle, opens the file that LocDatabase names and reads its first piece. A file that
 // is missing, no plain file or not readable gives the message "Site datbase not found" and false.

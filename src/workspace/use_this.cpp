@@ -7,6 +7,7 @@
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"
 #include "pointing/compass.h"
+#include "sites/pass_over.h"
 #include "sites/site_database.h"
 #include "workspace/classify_input.h"
 
@@ -139,7 +140,9 @@ void FindSite(Workspace& w) {
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
-  while (ReadLine(w.database, line)) {
+  for (;;) {
+    PassOverSites(w.database, sought, w.sitename);
+    if (!ReadLine(w.database, line)) break;
     if (HoldsEndMarker(line)) return ShowNotFound(w);
     const SiteLine site = SplitSiteLine(line);
     if (!site.isRecord) return;

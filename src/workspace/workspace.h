@@ -18,6 +18,7 @@ inline constexpr const char* kProgramTitle = "Tarnwick";
 struct DatabaseHandle {
   std::FILE* file = nullptr;
   std::vector<char> buffer;  // what was read; the lines not yet given stand from `at` to `end`
+  std::size_t piece = 0;     // where the pieces of the file are read to
   std::size_t at = 0;
   std::size_t end = 0;
   bool afterReturn = false;  // a line feed that comes next belongs to the line end before it
