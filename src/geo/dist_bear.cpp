@@ -7,7 +7,6 @@
 namespace {
 
 constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
-constexpr double kEarthRadius = 6371.29;
 constexpr double kShareOfCell = 0.7;
 constexpr double kOneMetre = 0.001;
 

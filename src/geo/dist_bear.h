@@ -3,6 +3,8 @@
 
 #include "workspace/workspace.h"
 
+inline constexpr double kEarthRadius = 6371.29;  // km
+
 // Arc cosine, radians from 0 to pi, of a number from -1 to 1, by the arc tangent.
 double ACS(double x);
 

@@ -9,8 +9,8 @@
 namespace {
 
 // A letter of the grid alphabet, which has no I, counted from 0. I itself counts as J.
-int LetterIndex(const std::string& letters, int position) {
-  const int index = CodeOf(MidOf(letters, position, 1)) - 65;
+int LetterIndex(char letter) {
+  const int index = static_cast<unsigned char>(letter) - 65;
   return index > 8 ? index - 1 : index;
 }
 
@@ -62,6 +62,20 @@ void Unproject(double easting, double northing, double& lat, double& lon) {
 
 }  // namespace
 
+void GridToWGS84(double easting, double northing, double& Lat, double& Lon) {
+  double lat = 0;
+  double lon = 0;
+  Unproject(easting, northing, lat, lon);
+  AiryToWGS84(Finite(lat), Finite(lon), Lat, Lon);
+}
+
+void CornerOf(char firstLetter, char secondLetter, int& easting, int& northing) {
+  const int a = LetterIndex(firstLetter);
+  const int b = LetterIndex(secondLetter);
+  easting = (a % 5) * 500000 + (b % 5) * 100000 - 1000000;
+  northing = 1900000 - (a / 5) * 500000 - (b / 5) * 100000;
+}
+
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
   const std::string letters = LeftOf(ngr, 2);
   const std::string digits = MidOf(ngr, 3);
@@ -72,21 +86,15 @@ void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
   const double east = TextToNumber(MidOf(digits, 1, h));
   const int scale = ScaleOf(h);
 
-  const int a = LetterIndex(letters, 1);
-  const int b = LetterIndex(letters, 2);
-  const int squareEasting = (a % 5) * 500000 + (b % 5) * 100000 - 1000000;
+  int squareEasting = 0;
+  int squareNorthing = 0;
+  CornerOf(ngr[0], ngr[1], squareEasting, squareNorthing);
   const double easting = squareEasting + Finite(east * scale);
-  const int squareNorthing = 1900000 - (a / 5) * 500000 - (b / 5) * 100000;
   const double northing = squareNorthing + Finite(north * scale);
   w.Resolution = scale == 0 ? kSquare / 1000 : scale / 1000.0;
   ShowEastNorth(w, easting, northing);
 
-  double lat = 0;
-  double lon = 0;
-  Unproject(easting, northing, lat, lon);
-  AiryToWGS84(Finite(lat), Finite(lon), lat, lon);
-  Lat = lat;
-  Lon = lon;
+  GridToWGS84(easting, northing, Lat, Lon);
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption = w.Tarnwick.Ydim.caption;
 }

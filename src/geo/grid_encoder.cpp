@@ -33,20 +33,6 @@ void Project(double lat, double lon, double& easting, double& northing) {
   easting = kFalseEasting + p * IV + p2 * p * V + p2 * p2 * p * VI;
 }
 
-// How fine the digits of a reference are.
-struct Fineness {
-  double unit;     // m
-  int digits;      // in each half
-  int wholeCount;  // units in a lettered square
-};
-
-Fineness FinenessFor(double resolution) {
-  if (resolution < 0.01) return {1, 5, 100000};
-  if (resolution < 0.1) return {10, 4, 10000};
-  if (resolution <= 2) return {100, 3, 1000};
-  return {1000, 2, 100};
-}
-
 // Splits a coordinate into the index of its lettered square and the digits inside it.
 std::string DigitsOf(double coordinate, const Fineness& fineness, int& square) {
   square = IntDivide(coordinate, kSquare);
@@ -59,7 +45,26 @@ std::string DigitsOf(double coordinate, const Fineness& fineness, int& square) {
   return std::string(static_cast<std::size_t>(fineness.digits) - digits.size(), '0') + digits;
 }
 
-// The two letters of a 100 km square, counted from the south-west corner SV; I is never used.
+}  // namespace
+
+void WGS84ToGrid(double Lat, double Lon, double& easting, double& northing) {
+  double lat = 0;
+  double lon = 0;
+  WGS84ToAiry(Lat, Lon, lat, lon);
+  Project(lat, lon, easting, northing);
+}
+
+bool IsInGridBox(double Lat, double Lon) {
+  return !(Lat < 49 || Lat > 61 || Lon < -8 || Lon > 1.8);
+}
+
+Fineness FinenessFor(double resolution) {
+  if (resolution < 0.01) return {1, 5, 100000};
+  if (resolution < 0.1) return {10, 4, 10000};
+  if (resolution <= 2) return {100, 3, 1000};
+  return {1000, 2, 100};
+}
+
 std::string LettersOf(int eastIndex, int northIndex) {
   int first = 83 - 5 * (northIndex / 5) + eastIndex / 5;
   if (first == 73) first = 72;
@@ -68,20 +73,15 @@ std::string LettersOf(int eastIndex, int northIndex) {
   return CharOf(first) + CharOf(second);
 }
 
-}  // namespace
-
 void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
-  if (LatIn < 49 || LatIn > 61 || LonIn < -8 || LonIn > 1.8) {
+  if (!IsInGridBox(LatIn, LonIn)) {
     ngr.clear();
     return;
   }
-  double lat = 0;
-  double lon = 0;
-  WGS84ToAiry(LatIn, LonIn, lat, lon);
   double easting = 0;
   double northing = 0;
-  Project(lat, lon, easting, northing);
-  if (easting <= 0 || easting > 700000 || northing <= 0 || northing > 1400000) {
+  WGS84ToGrid(LatIn, LonIn, easting, northing);
+  if (easting <= 0 || easting > kEastEdge || northing <= 0 || northing > kNorthEdge) {
     ngr = "Not valid";
     return;
   }

@@ -12,11 +12,11 @@ constexpr double kKmPerDegree = 111.2;
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-int Letter(const std::string& lc, int position) {
-  return CodeOf(MidOf(lc, position, 1)) - 65;
+int Letter(std::string_view lc, std::size_t position) {
+  return CodeOf(lc.substr(position - 1)) - 65;
 }
-int Digit(const std::string& lc, int position) {
-  return CodeOf(MidOf(lc, position, 1)) - 48;
+int Digit(std::string_view lc, std::size_t position) {
+  return CodeOf(lc.substr(position - 1)) - 48;
 }
 
 // The numbers of the five characters that divide one axis.
@@ -42,30 +42,32 @@ Steps StepsOf(double axis) {
 
 }  // namespace
 
-void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {
-  const int length = LengthOf(lc);
-  if (length % 2 != 0) {
-    w.Tarnwick.InputText.text = "Locator error";
-    return;
-  }
+void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
   // What the text does not give is taken from the middle of the cell: 44, then MM.
   double d7 = 4, d8 = 4, c9 = 12, c10 = 12;
-  w.Resolution = 278.0 / 60;
-  if (length >= 8) {
+  Resolution = 278.0 / 60;
+  if (lc.size() >= 8) {
     d7 = Digit(lc, 7);
     d8 = Digit(lc, 8);
-    w.Resolution = 27.8 / 60;
+    Resolution = 27.8 / 60;
   }
-  if (length >= 10) {
+  if (lc.size() >= 10) {
     c9 = Letter(lc, 9);
     c10 = Letter(lc, 10);
-    w.Resolution = (0.25 / 24 * kKmPerDegree) / 60;
+    Resolution = (0.25 / 24 * kKmPerDegree) / 60;
   }
   const int wholeLon = (Letter(lc, 1) - 9) * 20 + 2 * Digit(lc, 3);
   const int wholeLat = (Letter(lc, 2) - 9) * 10 + Digit(lc, 4);
   Lon = wholeLon + (5.0 * Letter(lc, 5)) / 60 + (0.5 * d7) / 60 + c9 / 2880 + kHalfCellLon;
   Lat = wholeLat + (2.5 * Letter(lc, 6)) / 60 + (0.25 * d8) / 60 + c10 / 5760 + kHalfCellLat;
+}
 
+void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {
+  if (LengthOf(lc) % 2 != 0) {
+    w.Tarnwick.InputText.text = "Locator error";
+    return;
+  }
+  LocatorToWGS84(lc, Lat, Lon, w.Resolution);
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption =
       FormatPicture(w.Resolution * 2000 * std::cos(Lat / kDegreesPerRadian), "###m");

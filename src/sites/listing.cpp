@@ -1,36 +1,16 @@
 #include "sites/listing.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
-#include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
-#include "geo/locator.h"
+#include "sites/fast_rows.h"
+#include "sites/listing_rows.h"
 #include "sites/results.h"
-#include "sites/site_database.h"
-#include "workspace/classify_input.h"
 
 namespace {
 
-constexpr std::size_t kRowLength = 132;
 constexpr std::size_t kWriteSize = std::size_t{1} << 18;
-constexpr int kNameLength = 46;
 constexpr double kUnlimitedDistance = 9999;  // a larger limit is not mentioned in the header
-
-// The limits of a run, read once.
-struct Limits {
-  double minimum, maximum;  // km
-  double from, to;          // degrees; from above to is the sector through north
-  CaseBlindText name;
-};
-
-Limits LimitsOf(const MainWindow& main) {
-  return {TextToNumber(main.MinDisttext.text), TextToNumber(main.MaxDistText.text),
-          TextToNumber(main.FromBearText.text), TextToNumber(main.ToBearText.text),
-          CaseBlindText(main.Srchtext.text)};
-}
 
 // The listing file as it grows; a write that fails is remembered.
 struct ListingFile {
@@ -80,75 +60,29 @@ void WriteHeader(Workspace& w, const Limits& limits, ListingFile& out) {
   WriteLine(out, "");
 }
 
-// The texts of the two reference columns, kept from record to record.
-struct Columns {
-  std::string locator;
-  std::string gridReference;
-};
-
-// Decodes a record into the workspace, whether or not it is listed then. One without a place keeps
-// the place before and has empty columns; a latitude and longitude is not decoded at all.
-void DecodeRecord(Workspace& w, std::string_view line, const SiteLine& site, Columns& columns) {
-  w.sitename = site.name;
-  std::string position = UpperOf(site.position);
-  std::int16_t kind = kSiteName;
-  ClassifyInput(position, kind);
-  if (HoldsEndMarker(line)) kind = kSiteName;
-  if (kind == kSiteName) {
-    columns = {};
-  } else if (kind == kGridReference) {
-    DecodeNGR(w, position, w.Lat, w.Lon);
-    GenLocator(w.Lat, w.Lon, columns.locator);
-    columns.gridReference = position;
-  } else if (kind == kLocator) {
-    DecodeLocator(w, position, w.Lat, w.Lon);
-    GenNGR(w, w.Lat, w.Lon, columns.gridReference);
-    columns.locator = position;
-  }
-  DistBear(w);
-}
-
-bool InSector(double bearing, double from, double to) {
-  if (from < to) return bearing >= from && bearing <= to;
-  if (from > to) return bearing >= from || bearing <= to;
-  return false;
-}
-
-bool Passes(const Workspace& w, const Limits& limits) {
-  return Matches(w.sitename, limits.name) && w.Dist >= limits.minimum && w.Dist <= limits.maximum &&
-         InSector(w.Bearing, limits.from, limits.to);
-}
-
-std::string RowOf(const Workspace& w, const Columns& columns) {
-  std::string row(kRowLength, ' ');
-  const auto put = [&row](std::size_t column, const std::string& item) {
-    const std::size_t length = std::min(item.size(), kRowLength - (column - 1));
-    row.replace(column - 1, length, item, 0, length);
-  };
-  put(1, LeftOf(w.sitename, kNameLength));
-  put(48, columns.locator);
-  put(60, columns.gridReference);
-  put(74, FormatPicture(w.Bearing, "####0.0"));
-  put(81, FormatPicture(w.Backbearing, "(####0.0)"));
-  put(89, "deg");
-  put(96, FormatPicture(w.Dist, "####0.0"));
-  put(103, "km");
-  return row;
-}
-
 void WriteRows(Workspace& w, const Limits& limits, ListingFile& out) {
+  FastRows fast = FastRowsFor(w, limits);
   Columns columns;
   std::int32_t rows = 0;
   std::string_view line;
   while (!out.failed && ReadLine(w.database, line)) {
     const SiteLine site = SplitSiteLine(line);
     if (!site.isRecord) continue;
-    DecodeRecord(w, line, site, columns);
-    if (!Passes(w, limits)) continue;
+    RowVerdict verdict = FastRow(fast, line, site);
+    if (verdict == RowVerdict::Unknown) {
+      CatchUp(fast, w, columns);
+      DecodeRecord(w, line, site, columns);
+      if (Passes(w, limits)) {
+        fast.row = RowOf(w, columns);
+        verdict = RowVerdict::Listed;
+      }
+    }
+    if (verdict != RowVerdict::Listed) continue;
     ++rows;
-    WriteLine(out, RowOf(w, columns));
+    WriteLine(out, fast.row);
     if (rows % 10 == 0) WriteLine(out, "");
   }
+  CatchUp(fast, w, columns);
 }
 
 // Writes the file; false if it can't be created, is the database itself, or lost a write.
