@@ -1,0 +1,38 @@
+// first_paint empty|program: ends as soon as the first window has been painted. The empty one holds
+// sixty controls and nothing else.
+#include <QApplication>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QTimer>
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/qt/program.h"
+
+namespace {
+
+struct EndAtPaint : QObject {
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) QTimer::singleShot(0, [] { std::_Exit(0); });
+    return false;
+  }
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  QApplication application(count, arguments);
+  EndAtPaint end;
+  if (count > 1 && std::string_view(arguments[1]) == "program") {
+    Program program;
+    program.mainWindow.installEventFilter(&end);
+    program.Start();
+    return QApplication::exec();
+  }
+  QWidget window;
+  auto* grid = new QGridLayout(&window);
+  for (int i = 0; i < 60; ++i) grid->addWidget(new QLineEdit("x"), i / 6, i % 6);
+  window.installEventFilter(&end);
+  window.show();
+  return QApplication::exec();
+}
