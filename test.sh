@@ -28,7 +28,7 @@ fi
 export ASAN_OPTIONS=detect_leaks=0
 build_and_test sanitize
 build_and_test logic
-sources=$(git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h')
+sources=$(git ls-files '*.cpp' '*.h')
 # shellcheck disable=SC2086
 clang-format --dry-run --Werror $sources
 git ls-files 'src/*.cpp' | xargs -P 2 -n 4 clang-tidy --quiet -p build/sanitize \

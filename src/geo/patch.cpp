@@ -33,11 +33,13 @@ void AddNode(Patch& patch, const PatchValues& values, double u, double v) {
   const Polynomials inX = ChebyshevAt(u);
   const Polynomials inY = ChebyshevAt(v);
   auto coefficient = patch.coefficients.begin();
-  for (std::size_t i = 0; i < kTerms; ++i)
-    for (std::size_t j = 0; i + j < kTerms; ++j, ++coefficient)
-      for (std::size_t k = 0; k < kPatchValues; ++k)
-        (*coefficient)[k] +=
-            values[k] * inX[i] * inY[j] * (i == 0 ? 1 : 2) * (j == 0 ? 1 : 2) / (kTerms * kTerms);
+  for (std::size_t i = 0; i < kTerms; ++i) {
+    for (std::size_t j = 0; i + j < kTerms; ++j, ++coefficient) {
+      const double weight =
+          inX[i] * inY[j] * (i == 0 ? 1 : 2) * (j == 0 ? 1 : 2) / (kTerms * kTerms);
+      for (std::size_t k = 0; k < kPatchValues; ++k) (*coefficient)[k] += values[k] * weight;
+    }
+  }
 }
 
 bool IsClose(const PatchValues& one, const PatchValues& other, const PatchValues& tolerances) {
@@ -56,11 +58,13 @@ bool MakePatch(Rectangle over, const PatchFunctions& functions, const PatchValue
   };
   for (std::size_t i = 0; i < kTerms; ++i)
     for (std::size_t j = 0; j < kTerms; ++j) AddNode(patch, at(Node(i), Node(j)), Node(i), Node(j));
-  for (const double u : {-1.0, -0.5, 0.0, 0.5, 1.0})
-    for (const double v : {-1.0, -0.5, 0.0, 0.5, 1.0})
-      if (!IsClose(ValuesAt(patch, PlaceOf(over.x, over.width, u), PlaceOf(over.y, over.height, v)),
-                   at(u, v), tolerances))
-        return false;
+  for (const double u : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
+    for (const double v : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
+      const PatchValues patched =
+          ValuesAt(patch, PlaceOf(over.x, over.width, u), PlaceOf(over.y, over.height, v));
+      if (!IsClose(patched, at(u, v), tolerances)) return false;
+    }
+  }
   return true;
 }
 

@@ -24,8 +24,9 @@ enum Value : std::size_t { kX, kY, kCosArc, kSinLat, kEast };
 constexpr PatchValues kGridTolerances{1e-9, 1e-9, 1e-13, 1e-13, 1e-13, 0};
 constexpr PatchValues kLocatorTolerances{1e-4, 1e-4, 1e-13, 1e-13, 1e-13, 0};
 
-// How near a decision a value may come, a hundred times the tolerances and more: in cells of a
-// locator, units of a reference, tenths of a degree or kilometre, and at the limits of a run.
+// How near a decision a value may come, ten times and more what the tolerances can make of it: in
+// cells of a locator, units of a reference, tenths of a degree or kilometre, and at the limits of a
+// run.
 constexpr double kCellMargin = 1e-3;
 constexpr double kUnitMargin = 1e-3;
 constexpr double kTenthMargin = 2.5e-4;
