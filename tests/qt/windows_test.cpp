@@ -102,6 +102,14 @@ TEST_F(Windows, TakeEditsWhateverTheirSource) {
   EXPECT_EQ(program_->w.Tarnwick.LocDatabase.text, "/tmp/elsewhere.dat");
   Find<QComboBox>("Baud", &program_->setUp)->setEditText("115200");
   EXPECT_EQ(program_->w.SetUpCom.Baud.text, "115200");
+  // A command that brings back what was there before the edit shows it.
+  Find("MinDisttext")->setText("5");
+  program_->mirror.Run([](Workspace& w) {
+    w.Tarnwick.MinDisttext.text = "0";
+    w.SetUpCom.Baud.text = "9600";
+  });
+  EXPECT_EQ(TextOf("MinDisttext"), "0");
+  EXPECT_EQ(Find<QComboBox>("Baud", &program_->setUp)->currentText(), "9600");
 }
 
 TEST_F(Windows, PressTheDefaultButtonByEnterAndAFocusedOneBySpace) {

@@ -70,15 +70,17 @@ void Mirror::Show() {
 }
 
 template <class State, class Update>
-void Mirror::OnChange(const State& state, Update update) {
+std::shared_ptr<State> Mirror::OnChange(const State& state, Update update) {
   showing_ = true;
   update();
   showing_ = false;
-  OnShow([&state, update, shown = state]() mutable {
-    if (shown == state) return;
-    shown = state;
+  const auto shown = std::make_shared<State>(state);
+  OnShow([&state, update, shown] {
+    if (*shown == state) return;
+    *shown = state;
     update();
   });
+  return shown;
 }
 
 void Mirror::KeepPlace(QWidget* widget) {
@@ -99,10 +101,7 @@ void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QLine
   KeepPlace(edit);
   edit->setMaxLength(std::numeric_limits<int>::max());
   edit->setReadOnly(state.readOnly);
-  QObject::connect(edit, &QLineEdit::textChanged, edit, [this, edit, &state] {
-    if (!showing_) state.text = Taken(edit);
-  });
-  OnChange(state, [edit, &state] {
+  const auto shown = OnChange(state, [edit, &state] {
     const QString text = ToQt(state.text);
     if (edit->text() != text) {
       edit->setText(text);
@@ -112,6 +111,9 @@ void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QLine
     Paint(edit, QPalette::Base, state.back);
     edit->setEnabled(state.enabled);
     edit->setVisible(state.visible);
+  });
+  QObject::connect(edit, &QLineEdit::textChanged, edit, [this, edit, &state, shown] {
+    if (!showing_) shown->text = state.text = Taken(edit);
   });
 }
 
@@ -184,10 +186,7 @@ void Mirror::Bind(WindowName /*window*/, const char* name, ComboBox& state, QCom
   box->setEditable(true);
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
-  QObject::connect(box, &QComboBox::currentTextChanged, box, [this, box, &state] {
-    if (!showing_) state.text = Taken(box->lineEdit());
-  });
-  OnChange(state, [box, &state] {
+  const auto shown = OnChange(state, [box, &state] {
     if (box->count() != static_cast<int>(state.items.size())) {
       box->clear();
       for (const std::string& item : state.items) box->addItem(ToQt(item));
@@ -195,6 +194,9 @@ void Mirror::Bind(WindowName /*window*/, const char* name, ComboBox& state, QCom
     if (box->currentText() != ToQt(state.text)) box->setEditText(ToQt(state.text));
     box->setEnabled(state.enabled);
     box->setVisible(state.visible);
+  });
+  QObject::connect(box, &QComboBox::currentTextChanged, box, [this, box, &state, shown] {
+    if (!showing_) shown->text = state.text = Taken(box->lineEdit());
   });
 }
 

@@ -5,6 +5,7 @@
 
 #include <QPalette>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -59,9 +60,10 @@ class Mirror {
   static void Describe(QWidget* widget, const char* name, const char* tip);
 
  private:
-  // Has `update` called now and after every change of the state.
+  // Has `update` called now and after every change of the state. What the widget shows by itself,
+  // the user's edit, goes into the state that is given back.
   template <class State, class Update>
-  void OnChange(const State& state, Update update);
+  std::shared_ptr<State> OnChange(const State& state, Update update);
 
   std::vector<std::function<void()>> updates_;
   bool busy_ = false;
