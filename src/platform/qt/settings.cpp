@@ -1,5 +1,9 @@
 #include "platform/qt/settings.h"
 
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
 #include "platform/qt/text.h"
 #include "workspace/workspace.h"
 
@@ -31,4 +35,14 @@ std::string SettingsStore::Read(const std::string& section, const std::string& k
 void SettingsStore::Store(const std::string& section, const std::string& key,
                           const std::string& text) {
   settings.setValue(NameOf(settings, section, key), ToQt(text));
+}
+
+void SettingsStore::Flush() {
+  // A copy that was killed as it took its lock leaves it empty, and QSettings would wait for half a
+  // minute. A copy that runs writes into its lock at once.
+  const QFileInfo lock(settings.fileName() + ".lock");
+  if (lock.exists() && lock.size() == 0 &&
+      lock.lastModified().secsTo(QDateTime::currentDateTime()) > 1)
+    QFile::remove(lock.filePath());
+  settings.sync();
 }

@@ -13,7 +13,7 @@ struct SettingsStore {
                    const std::string& otherwise) const;
   void Store(const std::string& section, const std::string& key, const std::string& text);
   // Writes what was stored.
-  void Flush() { settings.sync(); }
+  void Flush();
 
   QSettings settings;
 };
