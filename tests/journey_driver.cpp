@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "gps/nmea_receiver.h"
+#include "platform/drive_path.h"
 #include "platform/headless/headless.h"
 #include "platform/single_byte.h"
 #include "sites/results.h"
@@ -314,7 +315,7 @@ std::string_view TakeWord(std::string_view& rest) {
 
 bool ActBeforeStart(Session& session, std::string_view action, std::string_view rest) {
   if (action == "home") {
-    const std::filesystem::path folder(Unescaped(rest));
+    const std::filesystem::path folder = SystemPath(Unescaped(rest));
     std::error_code error;
     const bool holdsDrive = std::filesystem::is_directory(folder / "drive_c", error);
     session.platform.driveC = holdsDrive ? folder / "drive_c" : folder;

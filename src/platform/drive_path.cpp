@@ -19,17 +19,17 @@ bool HasDrive(const std::string& path) {
   return path.size() >= 2 && path[1] == ':' && letter >= 'A' && letter <= 'Z';
 }
 
-bool SameWithoutCase(const std::string& a, const std::string& b) {
-  return UpperOf(FromUtf8(a)) == UpperOf(FromUtf8(b));
+bool SameWithoutCase(const fs::path& a, const fs::path& b) {
+  return UpperOf(TextOf(a)) == UpperOf(TextOf(b));
 }
 
 // The entry of a folder whose name is this one but for case; the name itself if there is none.
-fs::path EntryOf(const fs::path& folder, const std::string& name) {
+fs::path EntryOf(const fs::path& folder, const fs::path& name) {
   std::error_code error;
   if (fs::exists(folder / name, error)) return folder / name;
   fs::directory_iterator at(folder, error);
   for (; !error && at != fs::directory_iterator(); at.increment(error))
-    if (SameWithoutCase(at->path().filename().string(), name)) return at->path();
+    if (SameWithoutCase(at->path().filename(), name)) return at->path();
   return folder / name;
 }
 
@@ -58,8 +58,18 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
 
 }  // namespace
 
+fs::path SystemPath(std::string_view path) {
+  const std::string utf8 = ToUtf8(path);
+  return std::u8string(utf8.begin(), utf8.end());
+}
+
+std::string TextOf(const fs::path& path) {
+  const std::u8string utf8 = path.u8string();
+  return FromUtf8(std::string(utf8.begin(), utf8.end()));
+}
+
 fs::path NativePath(const fs::path& driveC, const std::string& path) {
-  if (!HasDrive(path)) return ToUtf8(path);
+  if (!HasDrive(path)) return SystemPath(path);
   const char letter = UpperOf(path[0]);
   fs::path native = driveC;
   if (letter != 'C')
@@ -67,7 +77,7 @@ fs::path NativePath(const fs::path& driveC, const std::string& path) {
   if (path.size() > kLongestPath) return native / "too long";
   for (std::size_t at = 2; at < path.size();) {
     const std::size_t end = std::min(path.find_first_of("\\/", at), path.size());
-    if (end > at) native = EntryOf(native, ToUtf8(std::string_view(path).substr(at, end - at)));
+    if (end > at) native = EntryOf(native, SystemPath(std::string_view(path).substr(at, end - at)));
     at = end + 1;
   }
   return native;
@@ -84,8 +94,7 @@ bool FileMatches(const fs::path& driveC, const std::string& pattern) {
   fs::directory_iterator at(NativePath(driveC, folder), error);
   for (; !error && at != fs::directory_iterator(); at.increment(error)) {
     std::error_code unreadable;
-    if (MatchesPattern(FromUtf8(at->path().filename().string()), name) &&
-        at->is_regular_file(unreadable))
+    if (MatchesPattern(TextOf(at->path().filename()), name) && at->is_regular_file(unreadable))
       return true;
   }
   return false;

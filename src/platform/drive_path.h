@@ -4,6 +4,11 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
+
+// A path of the system in single-byte text, and the other way round.
+std::filesystem::path SystemPath(std::string_view path);
+std::string TextOf(const std::filesystem::path& path);
 
 // Where a path as the user writes it lies. A path without a drive letter is the system's own and
 // used as it is. A part that is not there, such as the name of a file to be made, is taken as

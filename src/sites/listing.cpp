@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "platform/open_file.h"
 #include "sites/fast_rows.h"
 #include "sites/listing_rows.h"
 #include "sites/results.h"
@@ -93,7 +94,7 @@ bool WriteListing(Workspace& w, const std::string& path) {
   if (std::filesystem::equivalent(native, source, error)) return false;
   if (std::filesystem::is_fifo(native, error)) return false;  // opening it could wait for ever
   ListingFile out;
-  out.file = std::fopen(native.string().c_str(), "wb");
+  out.file = OpenFile(native, "wb");
   if (out.file == nullptr) return false;
   std::setvbuf(out.file, nullptr, _IONBF, 0);
   const Limits limits = LimitsOf(w.Tarnwick);

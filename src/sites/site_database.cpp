@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/open_file.h"
 #include "sites/pass_over.h"
 #include "sites/results.h"
 
@@ -48,7 +49,7 @@ bool Open(DatabaseHandle& database, const std::filesystem::path& path) {
   // A device or a pipe could block or never end.
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return false;
-  database.file = std::fopen(path.string().c_str(), "rb");
+  database.file = OpenFile(path, "rb");
   if (database.file == nullptr) return false;
   std::setvbuf(database.file, nullptr, _IONBF, 0);
   MakeBuffer(database);
