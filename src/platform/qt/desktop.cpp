@@ -3,20 +3,11 @@
 #include <QApplication>
 #include <QDate>
 #include <QMessageBox>
-#include <QStandardPaths>
 
-#include "platform/drive_path.h"
+#include "platform/qt/files.h"
 #include "platform/qt/programs.h"
 #include "platform/qt/text.h"
 #include "workspace/workspace.h"
-
-Desktop::Desktop() {
-  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  driveC = std::filesystem::path(data.toStdString()) / "tarnwick" / "drive_c";
-  // Where database and listing lie unless the user says otherwise.
-  std::error_code error;
-  std::filesystem::create_directories(driveC / "geog", error);
-}
 
 std::string Desktop::ReadSetting(const std::string& section, const std::string& key,
                                  const std::string& otherwise) {
@@ -29,11 +20,11 @@ void Desktop::StoreSetting(const std::string& section, const std::string& key,
 }
 
 bool Desktop::FileExists(const std::string& pattern) {
-  return FileMatches(driveC, pattern);
+  return ::FileExists(pattern);
 }
 
 std::filesystem::path Desktop::NativePath(const std::string& path) {
-  return ::NativePath(driveC, path);
+  return ::NativePath(path);
 }
 
 void Desktop::MsgBox(const std::string& text) {
@@ -46,8 +37,8 @@ void Desktop::MsgBox(const std::string& text) {
   serial.Rest();
 }
 
-bool Desktop::Shell(const std::string& command, WindowStyle /*style*/) {
-  return StartViewer(driveC, command);
+bool Desktop::Shell(const std::string& command, WindowStyle style) {
+  return StartProgram(command, style);
 }
 
 void Desktop::SetFocus(WindowName window) {

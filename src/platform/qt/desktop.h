@@ -1,7 +1,6 @@
 // The desktop as the logic sees it: settings, files, viewers, the message box, the serial port.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 
 #include "platform/platform.h"
@@ -9,13 +8,10 @@
 #include "platform/qt/settings.h"
 
 struct Desktop : Platform {
-  Desktop();
-
   // Called before a message box opens and to bring a window to the front.
   std::function<void()> showRecord;
   std::function<void(WindowName)> focusWindow;
 
-  std::filesystem::path driveC;  // the folder that stands for drive c:
   SettingsStore settings;
   SerialPort serial;
 

@@ -1,11 +1,12 @@
-// Starts the desktop's viewers.
+// Starts programs beside this one.
 #pragma once
 
-#include <filesystem>
 #include <string>
 
+#include "platform/platform.h"
+
 // Carries out a command line of the logic: "Notepad.exe PATH" or "cmd /c  start PATH-OR-ADDRESS".
-// The path or address goes, as one argument and without a shell, to the desktop's default viewer
-// for it; nobody waits for that. False if the viewer can't be started.
-// In  driveC  the folder that stands for drive c:
-bool StartViewer(const std::filesystem::path& driveC, const std::string& command);
+// Nobody waits for it. False if it can't be started.
+// On Linux the path or address goes, as one argument and without a shell, to the desktop's default
+// viewer for it; on Windows the command line is started as it stands.
+[[nodiscard]] bool StartProgram(const std::string& command, WindowStyle style);

@@ -1,22 +1,18 @@
-// The serial control over Qt SerialPort. COM1 to COM8 are /dev/ttyS0 to 7, COM9 to COM16
-// /dev/ttyUSB0 to 7, COM17 to COM24 /dev/ttyACM0 to 7, COM25 to COM32 /dev/rfcomm0 to 7.
+// The serial control over a serial line.
 #pragma once
 
-#include <QSerialPort>
 #include <QTimer>
 #include <functional>
 #include <string>
 
 #include "platform/platform.h"
-
-// The device of a port number; empty for a number that names no port.
-QString DeviceOf(int port, const QString& folder = "/dev");
+#include "platform/qt/serial_line.h"
 
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
 
-  QString deviceFolder = "/dev";
+  QString deviceFolder = kDeviceFolder;
 
   // Called on the event loop when as many characters wait as the threshold says. Gives whether the
   // event could be taken; if not, Remind brings it up again.
@@ -26,21 +22,21 @@ class SerialPort : public QObject, public SerialControl {
   void Rest();
 
   bool SetCommPort(std::int16_t number) override;
-  void SetInBufferSize(int characters) override;
+  void SetInBufferSize(int characters) override { line_.SetBufferSize(characters); }
   bool SetSettings(const std::string& settings) override;
   void SetRThreshold(int characters) override { threshold_ = characters; }
-  bool Open() override;
-  void Close() override;
-  bool IsOpen() const override { return port_.isOpen(); }
-  std::string Input() override;
+  bool Open() override { return !IsOpen() && line_.Open(device_, speed_); }
+  void Close() override { line_.Close(); }
+  bool IsOpen() const override { return line_.IsOpen(); }
+  std::string Input() override { return line_.Read(); }
 
  private:
   void Arrived();
-  void Failed(QSerialPort::SerialPortError error);
 
-  QSerialPort port_;
+  SerialLine line_{[this] { Arrived(); }};
   QTimer reminder_;
   QString device_;  // of the chosen port
+  int speed_ = 9600;
   int threshold_ = 0;
   bool resting_ = false;
 };

@@ -1,6 +1,7 @@
-// The per-user settings store: a file in the user's configuration folder. It is replaced as a
-// whole, so that a crash leaves the old or the new values; what another running copy stored
-// meanwhile is kept; a damaged file gives the values that can be read.
+// The per-user settings store. What another running copy stored meanwhile is kept.
+// On Linux a file in the user's configuration folder, replaced as a whole, so that a crash leaves
+// the old or the new values; a damaged one gives the values that can be read. On Windows the
+// registry, HKEY_CURRENT_USER\Software\Tarnwick with a key for each section.
 #pragma once
 
 #include <QSettings>

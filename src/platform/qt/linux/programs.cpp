@@ -3,7 +3,7 @@
 #include <QProcess>
 #include <string_view>
 
-#include "platform/drive_path.h"
+#include "platform/qt/files.h"
 
 namespace {
 
@@ -16,12 +16,12 @@ std::string TargetOf(const std::string& command) {
 
 }  // namespace
 
-bool StartViewer(const std::filesystem::path& driveC, const std::string& command) {
+bool StartProgram(const std::string& command, WindowStyle /*style*/) {
   std::string target = TargetOf(command);
   // Made absolute, so that no file name is taken for an option.
   std::error_code error;
   if (target.compare(0, 8, "https://") != 0)
-    target = std::filesystem::absolute(NativePath(driveC, target), error).string();
+    target = std::filesystem::absolute(NativePath(target), error).string();
   QProcess viewer;
   viewer.setProgram("xdg-open");
   viewer.setArguments({QString::fromStdString(target)});
