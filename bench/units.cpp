@@ -8,6 +8,8 @@
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"
 #include "platform/headless/headless.h"
+#include "sites/fast_rows.h"
+#include "sites/listing_rows.h"
 #include "workspace/classify_input.h"
 #include "workspace/use_this.h"
 
@@ -131,6 +133,47 @@ void NumberUnderPicture(benchmark::State& state) {
   }
 }
 BENCHMARK(NumberUnderPicture);
+
+// A record of one busy square after the other.
+struct Records {
+  std::vector<std::string> lines;
+  std::size_t next = 0;
+
+  Records() {
+    for (int i = 0; i < 1000; ++i) {
+      const std::string number = std::to_string(1000 + i * 7919 % 9000);
+      lines.push_back("Hill " + number + "~SU" + number + number + "~a remark");
+      lines.push_back("Hill " + number + "~IO91" + CharOf(65 + i % 24) + "M" + number.substr(2));
+    }
+  }
+  std::string_view Next() { return lines[next++ % lines.size()]; }
+};
+
+void PlainRow(benchmark::State& state) {
+  Bench bench;
+  bench.w.BaseLat = 52.5;
+  Records records;
+  Columns columns;
+  for (auto _ : state) {
+    const std::string_view line = records.Next();
+    DecodeRecord(bench.w, line, SplitSiteLine(line), columns);
+    benchmark::DoNotOptimize(RowOf(bench.w, columns).data());
+  }
+}
+BENCHMARK(PlainRow);
+
+void RowByPatch(benchmark::State& state) {
+  Bench bench;
+  bench.w.BaseLat = 52.5;
+  Records records;
+  const Limits limits = LimitsOf(bench.w.Tarnwick);
+  FastRows fast = FastRowsFor(bench.w, limits);
+  for (auto _ : state) {
+    const std::string_view line = records.Next();
+    benchmark::DoNotOptimize(FastRow(fast, line, SplitSiteLine(line)));
+  }
+}
+BENCHMARK(RowByPatch);
 
 void TypedPlace(benchmark::State& state) {
   Bench bench;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -114,6 +115,7 @@ TEST(Listing, FastRowsAreThePlainOnes) {
   const std::string folder = testing::TempDir() + "tarnwick-listing" + std::to_string(getpid());
   std::filesystem::create_directories(folder);
   const std::string database = folder + "/Sites.dat";
+  const int records = std::getenv("TARNWICK_DEEP") != nullptr ? 20'000 : 4'000;
   std::mt19937 random(1);
   const char* const homes[] = {"SU70004500",     "51.5N 1.25W",   "IO91WM44MM",
                                "0 0N 0E",        "51.5S 178.75E", "94N 3E",
@@ -126,7 +128,7 @@ TEST(Listing, FastRowsAreThePlainOnes) {
       {"0", "16.2", "0", "360", "To"}, {"300", "400", "180", "0", ""}};
   std::size_t rows = 0;
   for (const char* home : homes) {
-    std::ofstream(database, std::ios::binary) << RecordsFrom(random, 4000);
+    std::ofstream(database, std::ios::binary) << RecordsFrom(random, records);
     for (const auto& [minimum, maximum, from, to, name] : runs) {
       HeadlessPlatform platform;
       Workspace plain(platform);
