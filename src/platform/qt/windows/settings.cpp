@@ -25,3 +25,7 @@ void SettingsStore::Store(const std::string& section, const std::string& key,
                           const std::string& text) {
   settings.setValue(NameOf(section, key), ToQt(text));
 }
+
+void SettingsStore::Flush() {
+  settings.sync();
+}
