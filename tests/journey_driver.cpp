@@ -364,7 +364,8 @@ bool ActAfterStart(Session& session, std::string_view action, std::string_view r
 
 }  // namespace
 
-bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints) {
+bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints,
+                const std::function<void(const Workspace& w)>& afterEach) {
   Session session;
   bool understood = true;
   for (std::string line; std::getline(actions, line);) {
@@ -379,6 +380,7 @@ bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& compla
       complaints << "not an action here: " << line << '\n';
       understood = false;
     }
+    if (afterEach && session.w) afterEach(*session.w);
   }
   return understood;
 }

@@ -25,13 +25,18 @@
 // clang-format on
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
+
+#include "workspace/workspace.h"
 
 // A TEXT in the single-byte set, its escapes taken out.
 std::string Unescaped(std::string_view text);
 
 // Reads actions until the end of the input. A line that is no action is reported on `complaints`
-// and gives false at the end; the actions behind it still run.
-bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints);
+// and gives false at the end; the actions behind it still run. `afterEach` sees the record after
+// every action from the start on.
+bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints,
+                const std::function<void(const Workspace& w)>& afterEach = {});

@@ -1,0 +1,68 @@
+// A database file under its three readers.
+//   Input  a line with the text that is sought, then the file. In it \x1D and a character stand for
+//          so many of that character that lines reach their longest and cross the read buffer.
+#include "fuzz/invariants.h"
+#include "sites/listing.h"
+
+namespace {
+
+constexpr std::size_t kMany = 10'922;  // a third of the longest line
+constexpr int kMostRuns = 30;
+
+std::string FileOf(const std::string& text) {
+  std::string file;
+  int runs = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\x1D' && i + 1 < text.size() && runs++ < kMostRuns)
+      file.append(kMany, text[++i]);
+    else
+      file += text[i];
+  }
+  return file;
+}
+
+std::size_t EntriesFor(Program& program, const std::string& sought) {
+  program.w.Tarnwick.InputText.text = sought;
+  program.w.ShowList = {};
+  Bounded([&] { Lookup_Click(program.w); });
+  CheckRecord(program.w, kLongestLine);
+  return program.w.ShowList.PR.items.size();
+}
+
+// Makes a listing of all sites; gives the number of its rows.
+std::size_t RowsListed(Program& program) {
+  constexpr std::size_t kRow = 132;
+  constexpr int kHeaderLines = 8;
+  Bounded([&] { MakeList_Click(program.w); });
+  CheckRecord(program.w, kLongestLine);
+  Require(program.platform.events.back().rfind("Shell ", 0) == 0, "the listing was made");
+  const std::string listing = ContentOf(GeogFile("SITELIST.TXT"));
+  std::size_t at = 0;
+  for (int line = 0; line < kHeaderLines; ++line) at = listing.find("\r\n", at) + 2;
+  std::size_t rows = 0;
+  for (; at < listing.size(); at += kRow + 2) {
+    Require(listing.substr(at + kRow, 2) == "\r\n", "a row has 132 characters");
+    if (++rows % 10 == 0) at += 2;
+  }
+  return rows;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string input(data, data + size);
+  const std::size_t end = std::min(input.find('\n'), size);
+  const std::string sought = input.substr(0, end);
+  const std::string file = FileOf(input.substr(std::min(end + 1, size)));
+  std::ofstream(GeogFile("Sites.dat"), std::ios::binary) << file;
+
+  Program program;
+  UseThis(program.w, "SU1234");
+  SetHome_Click(program.w);
+  UseThis(program.w, sought, kLongestLine);
+  (void)EntriesFor(program, sought);
+  Require(RowsListed(program) == EntriesFor(program, "~"),
+          "all lines with a ~ are listed, and no others");
+  Require(ContentOf(GeogFile("Sites.dat")) == file, "the database is never written");
+  return 0;
+}

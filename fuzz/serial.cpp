@@ -1,0 +1,43 @@
+// A receiver's stream, in chunks.
+//   Input  a character that seeds the sizes of the chunks and whose lowest bit gives a home
+//          station; then the stream.
+#include "fuzz/invariants.h"
+#include "gps/port_setup.h"
+
+namespace {
+
+const std::string kGoodSentence =
+    "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
+
+void FeedAndCheck(Program& program, const std::string& chunk, std::size_t fed) {
+  Bounded([&] { Feed(program.w, program.platform, chunk); });
+  CheckRecord(program.w, fed);
+  CheckPlace(program.w);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  Program program;
+  program.platform.serial.ports = {9};
+  program.platform.StoreSetting("CPort", "CP", "COM9");
+  if (*data % 2 == 1) {
+    program.platform.StoreSetting("Home", "Lat", "51.5");
+    program.platform.StoreSetting("Home", "Long", "-1.25");
+  }
+  Form_Load(program.w);
+  SetUpCom::Command1_Click(program.w);
+  const std::string stream(data + 1, data + size);
+  std::uint32_t random = *data;
+  for (std::size_t at = 0; at < stream.size();) {
+    random = random * 1664525 + 1013904223;
+    const std::size_t chunk = 1 + (random >> 24);
+    FeedAndCheck(program, stream.substr(at, chunk), size);
+    at += chunk;
+  }
+  FeedAndCheck(program, std::string(128, '\r') + kGoodSentence, size);
+  Require(program.w.Tarnwick.InputText.text == "48 07.038N 011 31.000E [ 12:35:19 UTC ]",
+          "the next good sentence is used whatever came before");
+  return 0;
+}

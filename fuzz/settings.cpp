@@ -1,0 +1,47 @@
+// Stored settings through the start, and through an end and another start.
+//   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, a line
+//          each; a line with a ! alone leaves that setting out.
+#include "fuzz/invariants.h"
+
+namespace {
+
+constexpr const char* kSettings[][2] = {
+    {"Home", "Lat"}, {"Home", "Long"},  {"FormPLace", "Left"}, {"FormPLace", "Top"},
+    {"CPort", "CP"}, {"CPort", "Baud"}, {"LocDB", "DB"}};
+
+// The stored settings are those of the platform; gives the home station that is restored.
+std::vector<double> Start(Workspace& w, std::size_t fed) {
+  Bounded([&w] { Form_Load(w); });
+  CheckRecord(w, fed);
+  if (IsTrue(w.BaseSet)) CheckPlace(w);
+  Require(w.Tarnwick.visible && w.Tarnwick.FindIt.enabled, "the program is ready");
+  return {w.BaseSet, w.BaseLat, w.BaseLong};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  HeadlessPlatform platform;
+  platform.driveC = Folder() / "drive_c";
+  const std::vector<std::string> texts = LinesOf({data + 1, data + size});
+  for (std::size_t i = 0; i < std::min(std::size(kSettings), texts.size()); ++i)
+    if (texts[i] != "!") platform.StoreSetting(kSettings[i][0], kSettings[i][1], texts[i]);
+
+  Workspace first(platform);
+  const std::vector<double> home = Start(first, size);
+  Bounded([&] { (void)platform.FileExists(first.Tarnwick.LocDatabase.text); });
+  const bool kept = !IsTrue(first.BaseSet) || *data % 2 == 0;
+  first.Tarnwick.SaveOnExit.checked = !kept;
+  Form_Unload(first);
+  Workspace second(platform);
+  const std::vector<double> again = Start(second, size);
+  // A pair above all places may be rounded up to what reads as no home station.
+  const bool isPlace = first.BaseLat < 499 && first.BaseLong < 499;
+  for (std::size_t i = 0; i < home.size() && isPlace; ++i)
+    Require(std::fabs(again[i] - home[i]) <= 1e-14 * std::fabs(home[i]),
+            "the home station comes back");
+  Require(second.SetUpCom.CPort.text == first.platform.ReadSetting("CPort", "CP", "1"),
+          "the port comes back");
+  return 0;
+}
