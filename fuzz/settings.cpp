@@ -33,6 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Bounded([&] { (void)platform.FileExists(first.Tarnwick.LocDatabase.text); });
   const bool kept = !IsTrue(first.BaseSet) || *data % 2 == 0;
   first.Tarnwick.SaveOnExit.checked = !kept;
+  first.SetUpCom.CPort.text = texts.back();
   Form_Unload(first);
   Workspace second(platform);
   const std::vector<double> again = Start(second, size);
@@ -41,7 +42,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t i = 0; i < home.size() && isPlace; ++i)
     Require(std::fabs(again[i] - home[i]) <= 1e-14 * std::fabs(home[i]),
             "the home station comes back");
-  Require(second.SetUpCom.CPort.text == first.platform.ReadSetting("CPort", "CP", "1"),
-          "the port comes back");
+  Require(second.SetUpCom.CPort.text == texts.back(), "the port comes back");
   return 0;
 }

@@ -39,8 +39,9 @@ TEST_F(Geo, LocatorsComeBack) {
   for (int round = 0; round < 30000; ++round) {
     std::string lc;
     for (const char last : std::string("RR99XX99XX"))
-      lc += static_cast<char>(last -
-                              static_cast<int>(random() % (last == '9' ? 10U : last - 'A' + 1U)));
+      lc += static_cast<char>(
+          last - static_cast<int>(random() %
+                                  (last == '9' ? 10U : static_cast<unsigned>(last - 'A') + 1U)));
     std::string back;
     const int length = 6 + round % 3 * 2;
     DecodeLocator(w, LeftOf(lc, length), w.Lat, w.Lon);

@@ -12,9 +12,11 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <locale>
 #include <sstream>
 #include <vector>
 
@@ -75,7 +77,7 @@ bool SameLine(const std::string& expected, const std::string& shown) {
   const bool isFraction = expected.rfind("Record.", 0) == 0 && point != std::string::npos;
   if (!isFraction || shown.substr(0, value) != expected.substr(0, value)) return expected == shown;
   const double places = std::max(6., static_cast<double>(expected.size() - point - 1));
-  const double difference = std::atof(&expected[value]) - std::atof(&shown[value]);
+  const double difference = TextToNumber(&expected[value]) - TextToNumber(&shown[value]);
   return std::fabs(difference) <= 0.51 * std::pow(10, -places);
 }
 
@@ -96,13 +98,11 @@ void ExpectShown(const Block& show, std::istream& shown) {
   EXPECT_EQ(differences, "") << "show in line " << show.lineNumber << ": + unexpected, - missing";
 }
 
-class Journey : public testing::TestWithParam<fs::directory_entry> {};
-
-TEST_P(Journey, ShowsWhatItTells) {
+void Make(const fs::path& journey) {
   std::string home = testing::TempDir() + "tarnwickXXXXXX";
   ASSERT_NE(mkdtemp(home.data()), nullptr);
   fs::current_path(home);
-  const std::vector<Block> blocks = ReadBlocks(GetParam().path(), home);
+  const std::vector<Block> blocks = ReadBlocks(journey, home);
   std::stringstream actions;
   actions << "home " << home << '\n';
   for (const Block& block : blocks) {
@@ -129,6 +129,37 @@ TEST_P(Journey, ShowsWhatItTells) {
   fs::remove_all(home);
 }
 
+class Journey : public testing::TestWithParam<fs::directory_entry> {};
+
+TEST_P(Journey, ShowsWhatItTells) {
+  Make(GetParam().path());
+}
+
+// Where a comma stands in numbers, blanks part the thousands, and i has a capital of its own.
+class Language : public testing::TestWithParam<const char*> {};
+
+TEST_P(Language, ChangesNoJourney) {
+  const std::string name = std::string(GetParam()) + ".UTF-8";
+  const std::string folder = testing::TempDir() + "tarnwick_locales";
+  fs::create_directories(folder);
+  setenv("LOCPATH", folder.c_str(), 1);
+  const std::string make = "localedef -i " + std::string(GetParam()) + " -f UTF-8 " + folder + "/" +
+                           name + " >/dev/null 2>&1";
+  if (setlocale(LC_ALL, name.c_str()) == nullptr &&
+      (std::system(make.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr))
+    GTEST_SKIP() << name << " can't be made here";
+  const std::locale before = std::locale::global(std::locale(name));
+  EXPECT_EQ(std::to_string(1.5), "1,500000") << "the locale is in force";
+  for (const auto& file : fs::directory_iterator(TARNWICK_JOURNEYS)) {
+    SCOPED_TRACE(file.path());
+    Make(file.path());
+  }
+  std::locale::global(before);
+  setlocale(LC_ALL, "C");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Language, testing::Values("de_DE", "ru_RU", "tr_TR"),
+                         [](const auto& name) { return name.param; });
 INSTANTIATE_TEST_SUITE_P(Of, Journey,
                          testing::ValuesIn(fs::directory_iterator(TARNWICK_JOURNEYS),
                                            fs::directory_iterator()),

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
+#include <thread>
 
 #include "platform/qt/program.h"
 
@@ -104,6 +105,25 @@ TEST_F(Serial, ClosesWhenTheLineHangsUpAndOpensAnewWithoutWhatCameBefore) {
     EXPECT_TRUE(Receives(kSentence)) << unread;
     port_.Close();
   }
+}
+
+TEST_F(Serial, LeavesTheWindowsTheirTurnUnderAFlood) {
+  const Receiver receiver(folder_, "ttyUSB0");
+  fcntl(receiver.master, F_SETFL, O_NONBLOCK);
+  ASSERT_TRUE(port_.Open());
+  const std::string flood(4'096, '\r');
+  std::jthread sender([&](const std::stop_token& end) {
+    while (!end.stop_requested()) (void)!write(receiver.master, flood.data(), flood.size());
+  });
+  int turns = 0;
+  QTimer window;
+  QObject::connect(&window, &QTimer::timeout, [&turns] { ++turns; });
+  window.start(10);
+  QTest::qWait(500);
+  EXPECT_GT(turns, 5);
+  EXPECT_GT(received_.size(), 10'000U);
+  port_.Close();
+  EXPECT_FALSE(port_.IsOpen());
 }
 
 TEST_F(Serial, OpensADeviceThatNobodyHoldsAtAnyRealSpeed) {
