@@ -1,6 +1,7 @@
 #!/bin/sh
 # Installs what is missing, builds with warnings as errors and runs the tests. With --deep instead
-# under the sanitizers and without Qt, with the checks of style.
+# the long ones too, under the sanitizers and without Qt, with the fuzz targets, the coverage and the
+# checks of style.
 set -eu
 cd "$(dirname "$0")"
 
@@ -13,10 +14,11 @@ fi
 # shellcheck disable=SC2086
 packaging/install.sh $purposes
 
+# build_and_test PRESET [WHICH-TESTS]
 build_and_test() {
   cmake --preset "$1" -DTARNWICK_TESTS=ON
   cmake --build --preset "$1"
-  ctest --preset "$1"
+  ctest --preset "$@"
 }
 
 if [ -z "$deep" ]; then
@@ -25,11 +27,14 @@ if [ -z "$deep" ]; then
 fi
 
 # Leaks are not looked for: the libraries under Qt keep some at the exit.
-export ASAN_OPTIONS=detect_leaks=0
+export ASAN_OPTIONS=detect_leaks=0 TARNWICK_DEEP=yes
+build_and_test release
 build_and_test sanitize
 build_and_test logic
+build_and_test fuzz -R fuzz_
+tests/coverage.sh
 sources=$(git ls-files '*.cpp' '*.h')
 # shellcheck disable=SC2086
 clang-format --dry-run --Werror $sources
-git ls-files 'src/*.cpp' ':!src/platform/qt/windows' | xargs -P 2 -n 4 clang-tidy --quiet -p build/sanitize \
-  --extra-arg=-Wno-unknown-warning-option
+git ls-files 'src/*.cpp' ':!src/platform/qt/windows' |
+  xargs -P 2 -n 4 clang-tidy --quiet -p build/sanitize --extra-arg=-Wno-unknown-warning-option
