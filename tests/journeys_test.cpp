@@ -8,6 +8,9 @@
 //   expect-file PATH TEXT  what it holds after it
 // Under either stand further lines of the file, each ended by CR LF; | behind a line keeps the
 // blanks at its end. @HOME@ stands for the folder and @TODAY@ for the date as yyyy/mm/dd.
+//
+// With TARNWICK_JOURNEY set, the journeys go through the driver that this command starts, one built
+// for another system for instance.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -98,12 +101,32 @@ void ExpectShown(const Block& show, std::istream& shown) {
   EXPECT_EQ(differences, "") << "show in line " << show.lineNumber << ": + unexpected, - missing";
 }
 
+// What the driver prints for these actions, in the present folder.
+std::string Drive(const std::string& actions) {
+  const char* command = std::getenv("TARNWICK_JOURNEY");
+  std::ostringstream shown;
+  if (command == nullptr) {
+    std::istringstream in(actions);
+    std::ostringstream complaints;
+    EXPECT_TRUE(RunJourney(in, shown, complaints)) << complaints.str();
+    return shown.str();
+  }
+  const std::string beside = fs::current_path().string();
+  std::ofstream(beside + ".actions") << actions;
+  const std::string line = command + (" <" + beside) + ".actions >" + beside + ".shown";
+  EXPECT_EQ(std::system(line.c_str()), 0) << line;
+  shown << std::ifstream(beside + ".shown").rdbuf();
+  fs::remove(beside + ".actions");
+  fs::remove(beside + ".shown");
+  return shown.str();
+}
+
 void Make(const fs::path& journey) {
   std::string home = testing::TempDir() + "tarnwickXXXXXX";
   ASSERT_NE(mkdtemp(home.data()), nullptr);
   fs::current_path(home);
   const std::vector<Block> blocks = ReadBlocks(journey, home);
-  std::stringstream actions;
+  std::ostringstream actions;
   actions << "home " << home << '\n';
   for (const Block& block : blocks) {
     if (block.line.rfind("file ", 0) == 0) {
@@ -114,9 +137,7 @@ void Make(const fs::path& journey) {
       actions << block.line << '\n';
     }
   }
-  std::stringstream shown;
-  std::ostringstream complaints;
-  EXPECT_TRUE(RunJourney(actions, shown, complaints)) << complaints.str();
+  std::istringstream shown(Drive(actions.str()));
   for (const Block& block : blocks) {
     if (block.line == "show") ExpectShown(block, shown);
     if (block.line.rfind("expect-file ", 0) != 0) continue;
