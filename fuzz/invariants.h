@@ -99,7 +99,7 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
   window(w.ShowList);
   window(w.SetUpCom);
   for (const std::string& entry : w.ShowList.PR.items)
-    Require(LengthOf(entry) <= kEntryLength, "entries have 28 characters at most");
+    Require(entry.size() <= kEntryLength, "entries have 28 characters at most");
   for (const double number : {w.Lat, w.Lon, w.BaseLat, w.BaseLong, w.Resolution, w.Baseresolution,
                               w.Dist.number, w.BearUncert.number, w.DistUncert.number})
     Require(std::isfinite(number), "numbers are finite");
