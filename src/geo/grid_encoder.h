@@ -32,10 +32,11 @@ Fineness FinenessFor(double resolution);
 std::string LettersOf(int eastIndex, int northIndex);
 
 // The grid reference of a place, with as many digits as FinenessFor its Resolution. They are
-// rounded, and a rounding up to the next square goes into that square. In      LatIn, LonIn degrees
-// on WGS84 Out     ngr           such as "TQ3198 7961"; empty outside the box; "Not valid" inside
-// it but
-//                       off the grid.
+// rounded, and a rounding up to the next square goes into that square.
+//
+// In      LatIn, LonIn  degrees on WGS84
+// Out     ngr           such as "TQ3198 7961"; empty outside the box; "Not valid" inside it but off
+//                       the grid.
 // Reads   Resolution.
 // Writes  EastNorth and the caption of OSMap (the 10 km square of the reference shown), unless the
 //         place is off the grid.

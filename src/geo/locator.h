@@ -8,9 +8,11 @@
 #include "workspace/workspace.h"
 
 // The centre of the cell of a locator of 6, 8 or 10 characters as DecodeLocator works it out, and
-// the height of the cell. In   lc               upper case, no blanks, an even number of
-// characters, at least 6 Out  Lat, Lon         degrees
-//      Resolution       km
+// the height of the cell.
+//
+// In   lc          upper case, no blanks, an even number of characters, at least 6
+// Out  Lat, Lon    degrees
+//      Resolution  km
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution);
 
 // The place that a locator of 6, 8 or 10 characters stands for; further characters are ignored.

@@ -9,6 +9,7 @@
 
 inline constexpr double kAF0 = 6375020.480988971;  // Airy 1830 semi-axes times the scale factor
 inline constexpr double kBF0 = 6353722.490487913;  // 0.9996012717 of the central meridian
+// The third flattening and the square of the eccentricity, which are those of the ellipsoid.
 inline constexpr double kGridN = (kAF0 - kBF0) / (kAF0 + kBF0);
 inline constexpr double kGridESquared = (kAF0 * kAF0 - kBF0 * kBF0) / (kAF0 * kAF0);
 
@@ -29,6 +30,7 @@ struct Curvature {
   double rho;         // in the meridian
   double etaSquared;  // nu / rho - 1
 };
+// In   phi  latitude, radians.
 Curvature CurvatureAt(double phi);
 
 // Full easting and northing into EastNorth: "E: 531979 , N: 179607".

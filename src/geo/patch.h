@@ -9,15 +9,19 @@
 
 // The functions that a patch approximates side by side.
 inline constexpr std::size_t kPatchValues = 6;
+// Their values at one place, or what belongs to each of them.
 using PatchValues = std::array<double, kPatchValues>;
 using PatchFunctions = std::function<PatchValues(double x, double y)>;
 
+// The rectangle over which a patch holds.
 struct Rectangle {
   double x = 0, y = 0, width = 0, height = 0;  // x and y of its lower left corner
 };
 
+// Of the polynomials, in x and y together.
 inline constexpr std::size_t kPatchDegree = 5;
 
+// The polynomials that stand for the functions over a rectangle.
 struct Patch {
   Rectangle over;
   // Of the products of Chebyshev polynomials in x and y, by the degree in x and then in y, up to

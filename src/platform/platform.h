@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+// The program's windows by the names of their records.
 enum class WindowName { Tarnwick, BearingCalc, ShowList, SetUpCom };
 
 // How Shell shows the program it starts.
@@ -19,9 +20,11 @@ struct SerialControl {
 
   // Chooses the port; false if the number can't name one.
   [[nodiscard]] virtual bool SetCommPort(std::int16_t number) = 0;
+  // As many characters wait at most.
   virtual void SetInBufferSize(int characters) = 0;
   // Speed, parity, data bits and stop bits, such as "4800,n,8,1"; false if malformed.
   [[nodiscard]] virtual bool SetSettings(const std::string& settings) = 0;
+  // With 0 nothing is raised.
   virtual void SetRThreshold(int characters) = 0;
   // False if there is no such port or another program holds it.
   [[nodiscard]] virtual bool Open() = 0;
@@ -31,6 +34,7 @@ struct SerialControl {
   virtual std::string Input() = 0;
 };
 
+// Everything that a run asks of the outside.
 struct Platform {
   virtual ~Platform() = default;
 
@@ -53,7 +57,9 @@ struct Platform {
   // Brings a window to the front with the input focus.
   virtual void SetFocus(WindowName window) = 0;
 
+  // The date in the user's time zone.
   virtual std::chrono::year_month_day Today() = 0;
 
+  // The one serial control of the run.
   virtual SerialControl& Serial() = 0;
 };

@@ -31,6 +31,7 @@ struct PendingRecord {
   std::string line{};
 };
 
+// What a run keeps from record to record.
 struct FastRows {
   const Limits& limits;
   double homeLat = 0, homeLon = 0;  // degrees
@@ -43,8 +44,11 @@ struct FastRows {
   std::string row{};
 };
 
+// For a run from the home station of the workspace; nothing is worked out yet. The limits must
+// outlive it.
 FastRows FastRowsFor(const Workspace& w, const Limits& limits);
 
+// What becomes of a record.
 enum class RowVerdict { Unknown, Dropped, Listed };
 
 // Whether the record is listed; its row is then in `row`. Unknown: ask the plain engine, after

@@ -5,7 +5,7 @@
 
 #include "sites/site_database.h"
 
-inline constexpr std::size_t kRowLength = 132;
+inline constexpr std::size_t kRowLength = 132;  // characters
 inline constexpr std::size_t kNameLength = 46;  // of a name, in a row
 
 // Where the items of a row stand, counted from 1.
@@ -24,6 +24,7 @@ struct Limits {
   double from, to;          // degrees; from above to is the sector through north
   CaseBlindText name;
 };
+// Read from the fields of the listing layout; a text that is no number counts as 0.
 Limits LimitsOf(const MainWindow& main);
 
 // The texts of the two reference columns, kept from record to record.

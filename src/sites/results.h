@@ -16,6 +16,7 @@ namespace ShowList {
 // has disabled it. Use This is disabled until a click in the input box, and Enter means Set as
 // Home.
 void OK_Click(Workspace& w);
+// The same, by a double click on the entry.
 void PR_DblClick(Workspace& w);
 
 }  // namespace ShowList

@@ -27,6 +27,7 @@ struct SiteLine {
   std::string_view name;      // before the first "~", may be empty
   std::string_view position;  // behind it, up to the second "~" if there is one; not yet upper case
 };
+// Takes a line apart; a line without a "~" has neither name nor position.
 SiteLine SplitSiteLine(std::string_view line);
 
 // Whether the line stands behind the last site: "ENDENDEND" anywhere in it, in exactly that case.
@@ -47,4 +48,5 @@ void CloseDatabase(Workspace& w);
 // characters; all lines if it is empty. A second lookup adds to what is there, up to kMostEntries.
 void SearchDatabase(Workspace& w);
 
+// The same, from its button.
 void Lookup_Click(Workspace& w);

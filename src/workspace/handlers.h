@@ -5,6 +5,7 @@
 
 #include "workspace/workspace.h"
 
+// A control and the command that a click on it runs.
 struct Handler {
   WindowName window;
   std::string_view control;

@@ -73,6 +73,7 @@ std::int32_t IntDivide(double dividend, double divisor);
 // -1, 0 or 1.
 int SignOf(double number);
 
+// Characters.
 int LengthOf(std::string_view text);
 
 // The first `count` characters, or all there are; empty for a count below 1.
@@ -80,6 +81,7 @@ std::string LeftOf(std::string_view text, int count);
 
 // `count` characters, or all the rest, from position `start`; empty from beyond the end.
 std::string MidOf(std::string_view text, int start, int count);
+// All the rest from position `start`.
 std::string MidOf(std::string_view text, int start);
 
 // Position of the first exact occurrence of `sought` at or after `start`; 0 if there is none.
@@ -87,6 +89,7 @@ int FindIn(int start, std::string_view text, std::string_view sought);
 
 // Every letter that has a capital in the single-byte set raised to it; the length never changes.
 std::string UpperOf(std::string_view text);
+// The same for one character.
 char UpperOf(char character);
 
 // Code, 0 to 255, of the first character; 0 for an empty text.
@@ -95,6 +98,7 @@ std::int16_t CodeOf(std::string_view text);
 // One character; codes below 0 and above 255 saturate.
 std::string CharOf(int code);
 
+// So many blanks; none for a count below 1.
 std::string Blanks(int count);
 
 // Replaces the character at `position`; a position outside the text changes nothing.

@@ -9,17 +9,20 @@
 #include <string>
 #include <vector>
 
+// A colour of the screen.
 struct Rgb {
   std::uint8_t red = 0, green = 0, blue = 0;
   bool operator==(const Rgb&) const = default;
 };
 
+// The colours of a form that was given and of one that was worked out.
 inline constexpr Rgb kBlack{0, 0, 0};
 inline constexpr Rgb kRed{255, 0, 0};
 
 // None: the platform's own colour.
 using Colour = std::optional<Rgb>;
 
+// A text on one line, or on many, that the user can edit unless it is read-only.
 struct TextBox {
   std::string text{};
   Colour fore{};
@@ -32,6 +35,7 @@ struct TextBox {
   bool operator==(const TextBox&) const = default;
 };
 
+// A caption.
 struct Label {
   std::string caption{};
   Colour fore{};
@@ -40,6 +44,7 @@ struct Label {
   bool operator==(const Label&) const = default;
 };
 
+// What a click presses.
 struct Button {
   std::string caption{};  // & marks the letter of the access key
   Colour back{};
@@ -49,6 +54,7 @@ struct Button {
   bool operator==(const Button&) const = default;
 };
 
+// A caption with a tick.
 struct CheckBox {
   std::string caption{};
   bool checked = false;
@@ -67,6 +73,7 @@ struct ComboBox {
   bool operator==(const ComboBox&) const = default;
 };
 
+// Entries of which one can be selected.
 struct ListBox {
   std::vector<std::string> items{};
   int index = -1;   // of the selected entry, from 0; -1 if none
@@ -75,6 +82,7 @@ struct ListBox {
   bool operator==(const ListBox&) const = default;
 };
 
+// An empty rectangle.
 struct Frame {
   bool visible = true;
   bool operator==(const Frame&) const = default;
@@ -91,6 +99,7 @@ struct DrawOperation {
   bool operator==(const DrawOperation&) const = default;
 };
 
+// A picture, as the list of what was drawn on it.
 struct PictureBox {
   Colour back{};
   std::vector<DrawOperation> operations{};  // since the picture was last wiped
@@ -106,8 +115,10 @@ struct Window {
   bool visible = false;
 };
 
+// Where the database is until another path was stored.
 inline constexpr const char* kDefaultDatabase = "c:\\geog\\Sites.dat";
 
+// The heights of the main window without and with the listing layout.
 inline constexpr float kLookupHeight = 4700;
 inline constexpr float kListingHeight = 6780;
 

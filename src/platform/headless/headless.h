@@ -31,6 +31,7 @@ struct HeadlessSerial : SerialControl {
   std::string Input() override;
 };
 
+// Settings, date and serial line stand in memory; of files there is what lies in driveC.
 struct HeadlessPlatform : Platform {
   // Compares names as the settings store does.
   struct WithoutCase {

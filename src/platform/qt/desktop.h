@@ -7,6 +7,7 @@
 #include "platform/qt/serial.h"
 #include "platform/qt/settings.h"
 
+// The platform of the running program.
 struct Desktop : Platform {
   // Called before a message box opens and to bring a window to the front.
   std::function<void()> showRecord;

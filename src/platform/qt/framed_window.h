@@ -12,6 +12,7 @@ class QPushButton;
 // One logical pixel, 1/96 inch.
 inline constexpr float kTwipsPerPixel = 15;
 
+// A window of the record; the four derive from it.
 class FramedWindow : public QWidget {
  public:
   FramedWindow(Mirror& mirror, Window& state, const char* name);

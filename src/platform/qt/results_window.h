@@ -38,6 +38,7 @@ class EntriesView : public QListView {
   int columns_ = 1;
 };
 
+// What a lookup found, to pick from.
 class ResultsWindowView : public FramedWindow {
  public:
   explicit ResultsWindowView(Mirror& mirror);

@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "platform/qt/serial_line.h"
 
+// Tells the logic of characters that wait, by the threshold that it has set.
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
@@ -17,6 +18,7 @@ class SerialPort : public QObject, public SerialControl {
   // Called on the event loop when as many characters wait as the threshold says. Gives whether the
   // event could be taken; if not, Remind brings it up again.
   std::function<bool()> onComm;
+  // Looks again whether an event is due.
   void Remind();
   // No event for a second: after a message box the user's hand comes first.
   void Rest();

@@ -14,6 +14,7 @@ extern const char* const kDeviceFolder;
 // COM32 /dev/rfcomm0 to 7; on Windows they bear their own names.
 QString DeviceOf(int port, const QString& folder = kDeviceFolder);
 
+// Closed at first.
 class SerialLine {
  public:
   // `arrived` is called on the event loop when characters have come.
@@ -28,6 +29,7 @@ class SerialLine {
   bool IsOpen() const;
   // As many characters count as waiting at most; the rest stay with the system.
   void SetBufferSize(int characters);
+  // How many characters can be read at once.
   int Waiting();
   // The waiting characters, which are gone then.
   std::string Read();

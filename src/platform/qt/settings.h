@@ -7,9 +7,11 @@
 #include <QSettings>
 #include <string>
 
+// Names of sections and keys compare without case.
 struct SettingsStore {
   SettingsStore();
 
+  // A stored text, or `otherwise` if there is none.
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& otherwise) const;
   void Store(const std::string& section, const std::string& key, const std::string& text);

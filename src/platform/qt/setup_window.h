@@ -4,6 +4,7 @@
 #include "platform/qt/framed_window.h"
 #include "platform/qt/widgets.h"
 
+// Which port and speed a receiver has.
 class SetUpWindowView : public FramedWindow {
  public:
   explicit SetUpWindowView(Mirror& mirror);

@@ -7,11 +7,13 @@
 
 #include "workspace/view.h"
 
+// A text of the logic, on screen.
 QString ToQt(const std::string& text);
 
 // Characters that the single-byte set lacks take their nearest form, else "?".
 std::string FromQt(const QString& text);
 
+// A colour of the record, on screen.
 inline QColor ToQt(const Rgb& colour) {
   return {colour.red, colour.green, colour.blue};
 }
