@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -177,6 +178,98 @@ TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
   check(&program_->pointing, program_->w.BearingCalc);
   check(&program_->results, program_->w.ShowList);
   check(&program_->setUp, program_->w.SetUpCom);
+}
+
+// Which form was calculated is seen by its colour; it must be heard as well.
+TEST_F(Windows, SayWhichFormWasCalculated) {
+  const struct {
+    const char* typed;
+    bool locator, reference;
+  } rows[] = {{"io91wm", false, true}, {"NN166712", true, false}, {"51.5N 1.25W", false, false}};
+  for (const auto& [typed, locator, reference] : rows) {
+    Type(typed);
+    Enter();
+    const auto isCalculated = [this](const char* name) {
+      return Find(name)->accessibleDescription().startsWith("Calculated.");
+    };
+    EXPECT_EQ(isCalculated("LocText"), locator) << typed;
+    EXPECT_EQ(isCalculated("NGRText"), reference) << typed;
+  }
+  EXPECT_TRUE(Find("NGRText")->accessibleDescription().endsWith("[NGRText]"));
+}
+
+// Enter, Tab, access keys and F6 alone: a place, home, the next place, its figures copied.
+TEST_F(Windows, DoEverythingByKeysAlone) {
+  const auto key = [](int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), with);
+  };
+  const auto typeAndEnter = [&](const char* text) {
+    QTest::keyClicks(QApplication::focusWidget(), text);
+    key(Qt::Key_Return);
+  };
+  const auto toMainWindow = [this] {
+    program_->mainWindow.ToFront();
+    return QTest::qWaitForWindowActive(&program_->mainWindow);
+  };
+  ASSERT_TRUE(toMainWindow());
+  typeAndEnter("io91wm");
+  key(Qt::Key_S, Qt::AltModifier);
+  // An access key takes the time of a click. Without a screen every window that appears is
+  // activated.
+  ASSERT_TRUE(QTest::qWaitFor([this] { return program_->pointing.isActiveWindow(); }));
+  ASSERT_TRUE(toMainWindow());
+  typeAndEnter("NN166712");
+  EXPECT_EQ(TextOf("InputText"), "NN166712") << "what was used gives way";
+
+  key(Qt::Key_F6);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->pointing));
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "Ipt");
+  const struct {
+    const char *field, *copied;
+  } figures[] = {{"BearText", "333.5"}, {"BackBearText", "149.6"}, {"DistText", "666.814"}};
+  for (const auto& [field, copied] : figures) {
+    key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), field);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
+  }
+  key(Qt::Key_F6);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->mainWindow));
+
+  key(Qt::Key_M, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Find("MaxDistText")->isVisible(); }));
+  key(Qt::Key_I, Qt::AltModifier);
+  EXPECT_FALSE(Find("MaxDistText")->isVisible());
+  EXPECT_EQ(TextOf("InputText"), "");
+  EXPECT_TRUE(Find<QPushButton>("FindIt")->isDefault());
+}
+
+TEST_F(Windows, LetTheMessageOfAReceiverBeCopied) {
+  program_->mirror.Run([](Workspace& w) {
+    w.SetUpCom.visible = true;
+    w.SetUpCom.Text1.text = "no such port";
+  });
+  auto* message = Find<QPlainTextEdit>("Text1", &program_->setUp);
+  QTest::keyClick(message, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(message, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "no such port");
+}
+
+// Going on by Tab, the eye goes down the window, and to the right on a line.
+TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
+  Type("io91wm");
+  Enter();
+  Click("SetHome");
+  Click("GenList");
+  QTest::qWait(1);
+  const auto* last = Find<QWidget>("ShowAll");
+  QPoint before(0, 0);
+  for (QWidget* at = Find("LocDatabase"); at != last; at = at->nextInFocusChain()) {
+    if (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisible() || !at->isEnabled()) continue;
+    const QPoint here = at->mapTo(&program_->mainWindow, QPoint());
+    EXPECT_TRUE(here.y() > before.y() || here.x() > before.x()) << at->objectName().toStdString();
+    before = here;
+  }
 }
 
 // Nothing overlaps or is cut at any font, and a dark desktop leaves the fields readable.

@@ -4,14 +4,16 @@
 #include <algorithm>
 
 #include "platform/qt/text.h"
+#include "platform/qt/widgets.h"
 #include "pointing/compass.h"
 
 namespace {
 
-constexpr int kDesignSide = 57;        // pixels, with the font of kDesignLine
-constexpr int kDesignLine = 13;        // pixels
-constexpr double kLetterSize = 0.155;  // of the side: the letters stay clear of the circle
-constexpr double kPenWidth = 1.0 / kDesignSide;
+constexpr int kDesignSide = 96;  // pixels
+// Of the side. Smaller letters would leave the top of the picture with the N, larger ones touch the
+// circle.
+constexpr double kLetterSize = 0.17;
+constexpr double kPenWidth = 0.016;
 
 }  // namespace
 
@@ -22,7 +24,7 @@ CompassPicture::CompassPicture(const PictureBox& state, QWidget* parent)
 }
 
 QSize CompassPicture::sizeHint() const {
-  const int side = std::max(kDesignSide, kDesignSide * fontMetrics().height() / kDesignLine);
+  const int side = static_cast<int>(kDesignSide * Growth(this));
   return {side, side};
 }
 
@@ -44,7 +46,7 @@ void CompassPicture::paintEvent(QPaintEvent* /*event*/) {
   QPointF at;
   for (const DrawOperation& op : state_.operations) {
     const QPointF first = QPointF(op.x1, op.y1) * scale;
-    painter.setPen(QPen(ToQt(op.colour), side * kPenWidth));
+    painter.setPen(QPen(ToQt(op.colour), side * kPenWidth, Qt::SolidLine, Qt::RoundCap));
     switch (op.kind) {
       case DrawOperation::Kind::Line:
         painter.drawLine(first, QPointF(op.x2, op.y2) * scale);
@@ -53,7 +55,8 @@ void CompassPicture::paintEvent(QPaintEvent* /*event*/) {
         painter.drawEllipse(first, op.radius * scale, op.radius * scale);
         break;
       case DrawOperation::Kind::PSet:
-        painter.drawPoint(first);
+        // In the colour of the ground it leaves no mark, not even on the circle that it touches.
+        if (op.colour != state_.back) painter.drawPoint(first);
         at = first;
         break;
       case DrawOperation::Kind::Print:

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <algorithm>
 
 #include "gps/real_time.h"
@@ -67,10 +68,24 @@ MainWindowView::MainWindowView(Mirror& mirror)
   widgets_["NGRText"]->installEventFilter(this);
   setFocusProxy(widgets_["InputText"]);
   setFocus();
+  LetKeysBeginAnew();
   mirror.OnShow([this] {
     const MainWindow& main = mirror_.w.Tarnwick;
     ShowListing();
     SetDefaultButton(widgets_.ButtonOf(main.*main.defaultButton));
+  });
+}
+
+// The next place can be typed without a click in the box: what was used gives way to it, and a key
+// does what the click would.
+void MainWindowView::LetKeysBeginAnew() {
+  auto* input = widgets_.As<QLineEdit>("InputText");
+  for (const char* name : {"FindIt", "SetHome"})
+    connect(widgets_.As<QPushButton>(name), &QPushButton::clicked, input, &QLineEdit::selectAll);
+  auto* anew = new QShortcut(Qt::ALT | Qt::Key_I, this);
+  connect(anew, &QShortcut::activated, input, [this, input] {
+    input->setFocus();
+    mirror_.Run(InputText_Click);
   });
 }
 
@@ -125,7 +140,7 @@ QWidget* MainWindowView::AccuracyBox() {
     QWidget* label = widgets_[name];
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance("100000m"));
   }
-  widgets_["Frame1"]->setFixedSize(kAccuracySquare);
+  widgets_["Frame1"]->setFixedSize(kAccuracySquare * Growth(this));
   grid->addWidget(widgets_["Label5"], 0, 0, 1, 2);
   grid->addWidget(widgets_["Xdim"], 1, 1);
   grid->addWidget(widgets_["Ydim"], 2, 0);
@@ -175,24 +190,12 @@ void MainWindowView::ShowListing() {
   if (mirror_.w.Tarnwick.MakeList.visible) listing_->show();
 }
 
-// The caption "Loc ... NGR" is one text; its blanks are spread so that each word stands over its
-// field in any font.
-void MainWindowView::AlignReferenceCaptions() {
-  auto* caption = widgets_.As<QLabel>("Label15");
-  const QString text = caption->text();
-  const qsizetype blanks = text.count(' ');
-  if (blanks == 0) return;
-  QFont font = this->font();
-  const QFontMetricsF metrics(font);
-  const double wanted = widgets_["NGRText"]->x() - widgets_["LocText"]->x();
-  const double natural = metrics.horizontalAdvance(text.left(text.lastIndexOf(' ') + 1));
-  font.setWordSpacing((wanted - natural) / static_cast<double>(blanks));
-  caption->setFont(font);
-}
-
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == widgets_["NGRText"]) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) AlignReferenceCaptions();
+    // The caption "Loc ... NGR" is one text, but each word stands over its field.
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
+      widgets_.As<CaptionLabel>("Label15")->SetLastWordAt(widgets_["NGRText"]->x() -
+                                                          widgets_["LocText"]->x());
   } else if (event->type() == QEvent::MouseButtonRelease) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&

@@ -6,6 +6,7 @@
 
 class QGridLayout;
 
+// The place in all its forms, and below it the limits of a listing.
 class MainWindowView : public FramedWindow {
  public:
   explicit MainWindowView(Mirror& mirror);
@@ -15,11 +16,11 @@ class MainWindowView : public FramedWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void LetKeysBeginAnew();
   void ShowListing();
   void LayOutPlace(QGridLayout* grid);
   QWidget* AccuracyBox();
   QWidget* ListingPanel();
-  void AlignReferenceCaptions();
 
   Widgets widgets_;
   QWidget* listing_ = nullptr;  // what lies below the height of the lookup layout

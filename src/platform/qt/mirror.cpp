@@ -23,6 +23,11 @@ void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
   widget->setPalette(palette);
 }
 
+// A form that was worked out is told from the one that was given by its colour alone.
+bool IsCalculated(const TextBox& state) {
+  return state.tip == kCalculatedTip && state.fore == kRed;
+}
+
 // What the record holds of a typed text, shown in its place if a character had to give way. Of
 // several pasted lines the first counts: a cell of a table comes with its line end.
 std::string Taken(QLineEdit* edit) {
@@ -101,14 +106,18 @@ void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QLine
   KeepPlace(edit);
   edit->setMaxLength(std::numeric_limits<int>::max());
   edit->setReadOnly(state.readOnly);
-  const auto shown = OnChange(state, [edit, &state] {
+  const QString described = edit->accessibleDescription();
+  const auto shown = OnChange(state, [edit, &state, described] {
     const QString text = ToQt(state.text);
     if (edit->text() != text) {
       edit->setText(text);
+      // What a command has written gives way to the next typing.
       if (state.readOnly) edit->setCursorPosition(0);
+      if (!state.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
     }
     Paint(edit, QPalette::Text, state.fore);
     Paint(edit, QPalette::Base, state.back);
+    edit->setAccessibleDescription((IsCalculated(state) ? "Calculated. " : "") + described);
     edit->setEnabled(state.enabled);
     edit->setVisible(state.visible);
   });
@@ -121,6 +130,7 @@ void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QPlai
   Describe(edit, name, state.tip);
   KeepPlace(edit);
   edit->setReadOnly(state.readOnly);
+  edit->setTextInteractionFlags(edit->textInteractionFlags() | Qt::TextSelectableByKeyboard);
   edit->setTabChangesFocus(true);
   QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [this, edit, &state] {
     if (!showing_) state.text = FromQt(edit->toPlainText());

@@ -24,6 +24,7 @@ class QWidget;
 // The palette that the fields' colours were chosen for; every window has it, on a dark desktop too.
 QPalette LightPalette();
 
+// One for the whole program; the record and the widgets bound to it must outlive it.
 class Mirror {
  public:
   explicit Mirror(Workspace& record) : w(record) {}
@@ -43,7 +44,8 @@ class Mirror {
   // Has `update` called by every Show.
   void OnShow(std::function<void()> update) { updates_.push_back(std::move(update)); }
 
-  // Ties a control of the record to its widget, which gets its name, tool tip and description.
+  // Ties a control of the record to its widget, which gets its name, tool tip and description; of a
+  // form that was calculated the description says so.
   // Edits by the user, a screen reader or an input method go into the record; clicks run the
   // control's command.
   void Bind(WindowName window, const char* name, TextBox& state, QLineEdit* edit);

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QScreen>
+#include <iterator>
 
 namespace {
 
@@ -37,10 +38,9 @@ PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow
     grid->addWidget(widgets_[label], row, 0);
     grid->addWidget(widgets_[field], row++, 1);
   }
-  grid->addWidget(compass_, 1, 2, 2, 1);
+  grid->addWidget(compass_, 1, 2, std::size(kFields), 1);
   grid->setColumnStretch(2, 1);
-  grid->setRowStretch(1, 1);
-  grid->setRowStretch(2, 1);
+  grid->setRowStretch(row, 1);
 
   const PictureBox& picture = mirror.w.BearingCalc.C;
   Mirror::Describe(compass_, "C", "");
@@ -52,6 +52,7 @@ PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow
     shown = picture;
     compass_->update();
   });
+  setFocusProxy(widgets_["Ipt"]);
   ResizeToDesign();
 }
 

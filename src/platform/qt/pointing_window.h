@@ -5,6 +5,7 @@
 #include "platform/qt/framed_window.h"
 #include "platform/qt/widgets.h"
 
+// The figures from the home station and the compass.
 class PointingWindowView : public FramedWindow {
  public:
   PointingWindowView(Mirror& mirror, const QWidget& mainWindow);

@@ -1,7 +1,9 @@
 #include "platform/qt/program.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <QTimer>
+#include <algorithm>
 
 #include "gps/nmea_receiver.h"
 #include "workspace/startup.h"
@@ -27,6 +29,19 @@ Program::Program() {
     mirror.Run([](Workspace& record) { record.SetUpCom.visible = false; });
   };
   results.onClose = [this] { mirror.Run([](Workspace& record) { record.ShowList = {}; }); };
+
+  for (FramedWindow* window : round) {
+    auto* next = new QShortcut(Qt::Key_F6, window);
+    QObject::connect(next, &QShortcut::activated, window, [this, window] { GoOnFrom(window); });
+  }
+}
+
+void Program::GoOnFrom(const FramedWindow* window) {
+  auto next = std::find(round.begin(), round.end(), window);
+  do {
+    if (++next == round.end()) next = round.begin();
+  } while (!(*next)->isVisible());
+  (*next)->ToFront();
 }
 
 FramedWindow& Program::WindowOf(WindowName name) {

@@ -1,6 +1,7 @@
 // The running program: the record, the desktop and the windows, joined.
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "platform/qt/desktop.h"
@@ -9,6 +10,7 @@
 #include "platform/qt/results_window.h"
 #include "platform/qt/setup_window.h"
 
+// Made, then started; the windows are there, hidden, before the start.
 struct Program {
   Program();
 
@@ -16,7 +18,10 @@ struct Program {
   void Start();
   // Closes the main window, and first whatever stands before it.
   void End();
+  // The window on screen of a window of the record.
   FramedWindow& WindowOf(WindowName name);
+  // Goes from a window on screen to the next one, as F6 does: there may be no window manager.
+  void GoOnFrom(const FramedWindow* window);
   // Called when the main window has been closed and everything is stored.
   std::function<void()> onEnd;
 
@@ -27,4 +32,5 @@ struct Program {
   PointingWindowView pointing{mirror, mainWindow};
   ResultsWindowView results{mirror};
   SetUpWindowView setUp{mirror};
+  const std::array<FramedWindow*, 4> round{&mainWindow, &pointing, &results, &setUp};
 };

@@ -14,15 +14,27 @@ QSize CaptionLabel::minimumSizeHint() const {
           natural.height()};
 }
 
+void CaptionLabel::SetLastWordAt(int x) {
+  lastWordAt_ = x;
+  update();
+}
+
 void CaptionLabel::paintEvent(QPaintEvent* event) {
-  const int room = contentsRect().width();
-  if (fontMetrics().horizontalAdvance(text()) <= room) {
-    return QLabel::paintEvent(event);
-  }
+  const QRect room = contentsRect();
+  const bool fits = fontMetrics().horizontalAdvance(text()) <= room.width();
+  if (fits && lastWordAt_ == 0) return QLabel::paintEvent(event);
+
+  constexpr int kAlignment = Qt::AlignVCenter | Qt::AlignLeft;
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft,
-                   fontMetrics().elidedText(text(), Qt::ElideRight, room));
+  if (lastWordAt_ != 0) {
+    const qsizetype blank = text().lastIndexOf(' ');
+    painter.drawText(room, kAlignment, text().left(blank));
+    painter.drawText(room.adjusted(lastWordAt_, 0, 0, 0), kAlignment, text().mid(blank + 1));
+  } else {
+    painter.drawText(room, kAlignment,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+  }
 }
 
 QLineEdit* MakeWidget(const TextBox& /*state*/, QWidget* parent) {
@@ -51,6 +63,11 @@ QFont FontOf(const QWidget* widget, double points, bool bold) {
   font.setPointSizeF(std::max(points, font.pointSizeF()));
   font.setBold(bold);
   return font;
+}
+
+double Growth(const QWidget* widget) {
+  constexpr double kDesignLine = 13;  // pixels
+  return std::max(1.0, widget->fontMetrics().height() / kDesignLine);
 }
 
 void MakeRoomFor(QLineEdit* edit, const char* text) {

@@ -13,16 +13,23 @@
 
 #include "platform/qt/mirror.h"
 
-// A label that doesn't stretch its window: a caption too long for its place ends in dots.
+// A label that doesn't stretch its window: a caption too long for its place ends in dots. Its last
+// word may have a place of its own.
 class CaptionLabel : public QLabel {
  public:
   using QLabel::QLabel;
   QSize minimumSizeHint() const override;
+  // Pixels from the left, instead of blanks that are as wide as the font has them.
+  void SetLastWordAt(int x);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int lastWordAt_ = 0;
 };
 
+// The widget for a control of the record, made but not yet tied to it.
 QLineEdit* MakeWidget(const TextBox& state, QWidget* parent);
 QLabel* MakeWidget(const Label& state, QWidget* parent);
 QPushButton* MakeWidget(const Button& state, QWidget* parent);
@@ -82,6 +89,10 @@ class Widgets {
 
 // The desktop's font in another size and weight, never smaller than the desktop's own.
 QFont FontOf(const QWidget* widget, double points, bool bold);
+
+// How much larger than in the design the widget's font is, never less than 1: what is drawn grows
+// with it.
+double Growth(const QWidget* widget);
 
 // Makes a field wide enough for a text in its own font.
 void MakeRoomFor(QLineEdit* edit, const char* text);
