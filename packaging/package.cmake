@@ -1,4 +1,4 @@
-# What is installed, and the Debian package: `cpack -G DEB` in the build folder.
+# What is installed, and the Debian package: `cmake --workflow --preset release` makes it.
 include(GNUInstallDirs)
 
 install(TARGETS tarnwick RUNTIME)
@@ -8,7 +8,7 @@ install(FILES packaging/tarnwick.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES packaging/tarnwick.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES docs/manual.md docs/receivers.md docs/file-formats.md TYPE DOC)
-install(DIRECTORY docs/pictures TYPE DOC)
+install(DIRECTORY docs/pictures TYPE DOC FILES_MATCHING PATTERN *.png)
 install(FILES LICENSE TYPE DOC RENAME copyright)
 
 # Debian wants these packed, without a time in them.
@@ -37,7 +37,8 @@ listing files, opens maps, and follows a GPS receiver on a serial port.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS xdg-utils)
+# The icon of the windows is read by a plugin that no library names.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, xdg-utils")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

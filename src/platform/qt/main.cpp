@@ -1,5 +1,6 @@
 // The roof: starts the program and runs the event loop.
 #include <QApplication>
+#include <QIcon>
 
 #include "platform/qt/program.h"
 #include "platform/qt/termination.h"
@@ -7,6 +8,10 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(kProgramTitle);
+  // By the desktop entry a task bar knows what the windows belong to, if it does not take their
+  // icon.
+  QApplication::setDesktopFileName("tarnwick");
+  QApplication::setWindowIcon(QIcon(":/tarnwick.svg"));
   // Closing the Pointing window must not end the program while the main window is minimised.
   QApplication::setQuitOnLastWindowClosed(false);
 
