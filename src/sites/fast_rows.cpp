@@ -41,6 +41,8 @@ constexpr double kMostHomeLat = 85;
 
 constexpr std::size_t kLetters = 26;
 constexpr std::size_t kFields = 18;
+constexpr std::size_t kGridSquares = kLetters * kLetters;
+constexpr std::size_t kLocatorSquares = kFields * kFields * 100;
 
 // A position as the decoders would be given it.
 struct Reference {
@@ -90,6 +92,16 @@ std::optional<Reference> ReferenceOf(std::string_view position) {
 
 std::size_t IndexOf(char c, char first) {
   return static_cast<std::size_t>(c - first);
+}
+
+// The square with this place among all there could be. It stays where it is until the next is met.
+FastSquare& SquareAt(FastRows& fast, std::size_t place) {
+  std::uint16_t& number = fast.numbers[place];
+  if (number == 0) {
+    fast.squares.emplace_back();
+    number = static_cast<std::uint16_t>(fast.squares.size());
+  }
+  return fast.squares[number - 1U];
 }
 
 void AddFigures(const FastRows& fast, double lat, double lon, PatchValues& values) {
@@ -282,7 +294,7 @@ bool MayBeListed(const FastRows& fast, const FastSquare& square, const SiteLine&
 RowVerdict GridRow(FastRows& fast, std::string_view line, const SiteLine& site,
                    std::string_view reference) {
   FastSquare& square =
-      fast.grid[IndexOf(reference[0], 'A') * kLetters + IndexOf(reference[1], 'A')];
+      SquareAt(fast, IndexOf(reference[0], 'A') * kLetters + IndexOf(reference[1], 'A'));
   int easting = 0;
   int northing = 0;
   CornerOf(reference[0], reference[1], easting, northing);
@@ -314,8 +326,8 @@ RowVerdict GridRow(FastRows& fast, std::string_view line, const SiteLine& site,
 RowVerdict LocatorRow(FastRows& fast, std::string_view line, const SiteLine& site,
                       std::string_view locator) {
   const std::size_t field = IndexOf(locator[0], 'A') * kFields + IndexOf(locator[1], 'A');
-  FastSquare& square =
-      fast.locators[(field * 10 + IndexOf(locator[2], '0')) * 10 + IndexOf(locator[3], '0')];
+  FastSquare& square = SquareAt(
+      fast, kGridSquares + (field * 10 + IndexOf(locator[2], '0')) * 10 + IndexOf(locator[3], '0'));
   if (square.onGrid && !MayBeListed(fast, square, site)) {
     Remember(fast, line, true);
     return RowVerdict::Dropped;
@@ -351,8 +363,7 @@ FastRows FastRowsFor(const Workspace& w, const Limits& limits) {
                 .homeLon = w.BaseLong,
                 .sinHome = std::sin(p1),
                 .cosHome = std::cos(p1)};
-  fast.grid.resize(kLetters * kLetters);
-  fast.locators.resize(kFields * kFields * 100);
+  fast.numbers.resize(kGridSquares + kLocatorSquares);
   return fast;
 }
 

@@ -34,10 +34,10 @@ struct PendingRecord {
 // What a run keeps from record to record.
 struct FastRows {
   const Limits& limits;
-  double homeLat = 0, homeLon = 0;  // degrees
-  double sinHome = 0, cosHome = 1;  // of the latitude
-  std::vector<FastSquare> grid{};
-  std::vector<FastSquare> locators{};
+  double homeLat = 0, homeLon = 0;       // degrees
+  double sinHome = 0, cosHome = 1;       // of the latitude
+  std::vector<std::uint16_t> numbers{};  // of all the squares there could be; 0 for one not met yet
+  std::vector<FastSquare> squares{};     // those met, by number, from 1
   int patches = 0;
   PendingRecord shown{};  // the last that writes EastNorth and the caption of OSMap
   PendingRecord last{};   // the last of all, if it is behind that
