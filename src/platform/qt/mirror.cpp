@@ -79,7 +79,7 @@ std::shared_ptr<State> Mirror::OnChange(const State& state, Update update) {
   showing_ = true;
   update();
   showing_ = false;
-  const auto shown = std::make_shared<State>(state);
+  auto shown = std::make_shared<State>(state);
   OnShow([&state, update, shown] {
     if (*shown == state) return;
     *shown = state;
