@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "geo/datum.h"
@@ -11,6 +13,7 @@
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"
 #include "geo/patch.h"
+#include "geo/trigonometry.h"
 #include "platform/headless/headless.h"
 
 namespace {
@@ -134,6 +137,52 @@ TEST_F(Geo, DatumAndProjectionGiveThePublishedFigures) {
   for (const auto& [x, y] : {std::pair(1., 1.), {1., -1.}, {-1., 1.}, {-1., -1.}, {0., -1.}})
     EXPECT_NEAR(ATAN2(x, y), std::atan2(y, x), 1e-12);
   for (int i = -100; i <= 100; ++i) EXPECT_NEAR(ACS(i / 100.), std::acos(i / 100.), 2e-12);
+}
+
+// The distance of a result in units of its last place.
+double Units(double result, long double exact) {
+  const double last = std::nextafter(std::fabs(static_cast<double>(exact)), HUGE_VAL) -
+                      std::fabs(static_cast<double>(exact));
+  return std::fabs(static_cast<double>(result - exact)) / last;
+}
+
+// Against the sines of the wider numbers; the seams are where one way to reduce an angle gives way
+// to the next, and where a reduced one all but vanishes.
+TEST(Trigonometry, KeepsTheLastPlaceAtAnyAngle) {
+  std::mt19937_64 random(4);
+  std::vector<double> angles;
+  for (int i = 0; i < 30000; ++i) {
+    const double usual = std::uniform_real_distribution<double>(-7, 7)(random);
+    for (const double angle : {usual, usual * 1e5, std::bit_cast<double>(random())})
+      if (std::isnormal(angle)) angles.push_back(angle);
+  }
+  for (int turns = -500; turns < 500; ++turns) angles.push_back(turns * 1.5707963267948966);
+  for (const double seam : {1e-300, 0x1p-27, 0.125, 0.785, 1., 1.375, 0x1p20, 6381956970095103e264})
+    for (const double angle : {seam, std::nextafter(seam, 0), std::nextafter(seam, 1e300), -seam})
+      angles.push_back(angle);
+  for (const double angle : angles) {
+    const long double wide = angle;
+    EXPECT_LT(Units(Sine(angle), std::sin(wide)), 1) << angle;
+    EXPECT_LT(Units(Cosine(angle), std::cos(wide)), 1) << angle;
+    EXPECT_LT(Units(Tangent(angle), std::tan(wide)), 2.5) << angle;
+    EXPECT_LT(Units(Arctangent(angle), std::atan(wide)), 1.5) << angle;
+  }
+}
+
+TEST(Trigonometry, HasExactPlacesAndNoNumberAtInfinity) {
+  EXPECT_EQ(Cosine(0), 1);
+  EXPECT_EQ(Arctangent(1) * 4, 3.141592653589793);
+  EXPECT_EQ(Arctangent(-HUGE_VAL) * 2, -3.141592653589793);
+  for (const auto function : {Sine, Tangent, Arctangent}) {
+    EXPECT_TRUE(std::signbit(function(-0.)) && !std::signbit(function(0.)));
+    EXPECT_EQ(function(5e-324), 5e-324);
+  }
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  for (const auto function : {Sine, Cosine, Tangent}) {
+    EXPECT_TRUE(std::isnan(function(HUGE_VAL)) && std::isnan(function(-HUGE_VAL)));
+    EXPECT_TRUE(std::isnan(function(none)));
+  }
+  EXPECT_TRUE(std::isnan(Arctangent(none)));
 }
 
 TEST_F(Geo, AbsurdNumbersStayFinite) {

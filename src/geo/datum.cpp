@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geo/angles.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -40,10 +41,10 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
                double Long1, double& Lat2, double& Long2) {
   const double phi = Lat1 / kDegreesPerRadian;
   const double lambda = Long1 / kDegreesPerRadian;
-  const double nu = Nu(from, std::sin(phi));
-  const double x = (nu + kHeight) * std::cos(phi) * std::cos(lambda);
-  const double y = (nu + kHeight) * std::cos(phi) * std::sin(lambda);
-  const double z = ((1 - from.eSquared) * nu + kHeight) * std::sin(phi);
+  const double nu = Nu(from, Sine(phi));
+  const double x = (nu + kHeight) * Cosine(phi) * Cosine(lambda);
+  const double y = (nu + kHeight) * Cosine(phi) * Sine(lambda);
+  const double z = ((1 - from.eSquared) * nu + kHeight) * Sine(phi);
 
   const double x2 = h.tx + (1 + h.s) * x - h.rz * y + h.ry * z;
   const double y2 = h.ty + h.rz * x + (1 + h.s) * y - h.rx * z;
@@ -54,7 +55,7 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
   // Two or three passes settle any place; the bound is for what is no place.
   for (int pass = 0; pass < 50; ++pass) {
     const double previous = phi2;
-    const double sinPhi = std::sin(previous);
+    const double sinPhi = Sine(previous);
     phi2 = ATAN2(p, z2 + to.eSquared * Nu(to, sinPhi) * sinPhi);
     if (!(std::fabs(previous - phi2) > 1e-08)) break;
   }
@@ -66,7 +67,7 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
 
 double ATAN2(double x, double y) {
   const double r = std::sqrt(x * x + y * y);
-  if (x + r > 1e-08) return 2 * std::atan(y / (x + r));
+  if (x + r > 1e-08) return 2 * Arctangent(y / (x + r));
   return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geo/angles.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -20,14 +21,14 @@ double Clamped(double cosine) {
 double ACS(double x) {
   const double turn = (1 - SignOf(x)) * kPi / 2;
   if (x == 0) return turn;
-  return std::atan(std::sqrt(1 - x * x) / x) + turn;
+  return Arctangent(std::sqrt(1 - x * x) / x) + turn;
 }
 
 void DistBear(Workspace& w) {
   const double p1 = w.BaseLat / kDegreesPerRadian;
   const double p2 = w.Lat / kDegreesPerRadian;
-  const double c = std::sin(p1) * std::sin(p2) +
-                   std::cos(p2) * std::cos(p1) * std::cos((w.BaseLong - w.Lon) / kDegreesPerRadian);
+  const double c = Sine(p1) * Sine(p2) +
+                   Cosine(p2) * Cosine(p1) * Cosine((w.BaseLong - w.Lon) / kDegreesPerRadian);
   const double arc = std::fabs(c) < 1 ? ACS(c) : 0;
   w.Dist = arc * kEarthRadius;
   if (w.Dist < kOneMetre) {
@@ -37,17 +38,15 @@ void DistBear(Workspace& w) {
     w.BearUncert = 0;
     return;
   }
-  const double b1 =
-      Clamped((std::sin(p2) - std::cos(arc) * std::sin(p1)) / (std::sin(arc) * std::cos(p1)));
-  const double b2 =
-      Clamped((std::sin(p1) - std::cos(arc) * std::sin(p2)) / (std::sin(arc) * std::cos(p2)));
+  const double b1 = Clamped((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)));
+  const double b2 = Clamped((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)));
   w.Bearing = ACS(b1) * kDegreesPerRadian;
   w.Backbearing = ACS(b2) * kDegreesPerRadian;
   if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;
   if (w.BaseLong < w.Lon) w.Backbearing = 360 - w.Backbearing;
 
   w.DistUncert = (w.Baseresolution + w.Resolution) * kShareOfCell;
-  w.BearUncert = (std::atan(kShareOfCell * w.Resolution / w.Dist) +
-                  std::atan(kShareOfCell * w.Baseresolution / w.Dist)) *
+  w.BearUncert = (Arctangent(kShareOfCell * w.Resolution / w.Dist) +
+                  Arctangent(kShareOfCell * w.Baseresolution / w.Dist)) *
                  kDegreesPerRadian;
 }

@@ -1,10 +1,9 @@
 #include "geo/grid_encoder.h"
 
-#include <cmath>
-
 #include "geo/angles.h"
 #include "geo/datum.h"
 #include "geo/national_grid.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -13,11 +12,11 @@ void Project(double lat, double lon, double& easting, double& northing) {
   const double phi = lat / kDegreesPerRadian;
   const double p = (lon - kOriginLon) / kDegreesPerRadian;
   const auto [nu, rho, eta2] = CurvatureAt(phi);
-  const double s = std::sin(phi);
-  const double c = std::cos(phi);
+  const double s = Sine(phi);
+  const double c = Cosine(phi);
   const double c3 = c * c * c;
   const double c5 = c3 * c * c;
-  const double t2 = std::tan(phi) * std::tan(phi);
+  const double t2 = Tangent(phi) * Tangent(phi);
   const double t4 = t2 * t2;
   const double p2 = p * p;
 

@@ -1,8 +1,7 @@
 #include "geo/locator.h"
 
-#include <cmath>
-
 #include "geo/angles.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -70,7 +69,7 @@ void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon
   LocatorToWGS84(lc, Lat, Lon, w.Resolution);
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption =
-      FormatPicture(w.Resolution * 2000 * std::cos(Lat / kDegreesPerRadian), "###m");
+      FormatPicture(w.Resolution * 2000 * Cosine(Lat / kDegreesPerRadian), "###m");
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {

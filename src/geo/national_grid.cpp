@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geo/angles.h"
+#include "geo/trigonometry.h"
 
 double MeridionalArc(double phi) {
   constexpr double n = kGridN;
@@ -12,14 +13,14 @@ double MeridionalArc(double phi) {
   const double difference = phi - phi0;
   const double sum = phi + phi0;
   const double a = (1 + n + 5.0 / 4 * n2 + 5.0 / 4 * n3) * difference;
-  const double b = (3 * n + 3 * n2 + 21.0 / 8 * n3) * std::sin(difference) * std::cos(sum);
-  const double c = (15.0 / 8 * n2 + 15.0 / 8 * n3) * std::sin(2 * difference) * std::cos(2 * sum);
-  const double f = 35.0 / 24 * n3 * std::sin(3 * difference) * std::cos(3 * sum);
+  const double b = (3 * n + 3 * n2 + 21.0 / 8 * n3) * Sine(difference) * Cosine(sum);
+  const double c = (15.0 / 8 * n2 + 15.0 / 8 * n3) * Sine(2 * difference) * Cosine(2 * sum);
+  const double f = 35.0 / 24 * n3 * Sine(3 * difference) * Cosine(3 * sum);
   return kBF0 * (a - b + c - f);
 }
 
 Curvature CurvatureAt(double phi) {
-  const double sinPhi = std::sin(phi);
+  const double sinPhi = Sine(phi);
   const double flattening = 1 - kGridESquared * (sinPhi * sinPhi);
   Curvature at{};
   at.nu = kAF0 / std::sqrt(flattening);

@@ -1,8 +1,7 @@
 #include "pointing/compass.h"
 
-#include <cmath>
-
 #include "geo/angles.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -22,8 +21,8 @@ void Draw(Workspace& w) {
   Cls(c);
   const double angle = (90 - w.Bearing) / kDegreesPerRadian;
   c.operations.push_back({.kind = Kind::Line,
-                          .x2 = ToSingle(std::cos(angle)),
-                          .y2 = ToSingle(-std::sin(angle)),
+                          .x2 = ToSingle(Cosine(angle)),
+                          .y2 = ToSingle(-Sine(angle)),
                           .colour = kBlack});
   c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kRed});
 
