@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "geo/trigonometry.h"
+
 namespace {
 
 constexpr std::size_t kTerms = kPatchDegree + 1;
@@ -26,7 +28,7 @@ double PlaceOf(double start, double length, double t) {
 }
 
 double Node(std::size_t i) {
-  return std::cos(std::numbers::pi * (static_cast<double>(i) + 0.5) / kTerms);
+  return Cosine(std::numbers::pi * (static_cast<double>(i) + 0.5) / kTerms);
 }
 
 void AddNode(Patch& patch, const PatchValues& values, double u, double v) {

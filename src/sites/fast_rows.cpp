@@ -10,6 +10,7 @@
 #include "geo/grid_encoder.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
+#include "geo/trigonometry.h"
 
 namespace {
 
@@ -107,9 +108,9 @@ FastSquare& SquareAt(FastRows& fast, std::size_t place) {
 void AddFigures(const FastRows& fast, double lat, double lon, PatchValues& values) {
   const double p2 = lat / kDegreesPerRadian;
   const double east = (lon - fast.homeLon) / kDegreesPerRadian;
-  values[kCosArc] = fast.sinHome * std::sin(p2) + std::cos(p2) * fast.cosHome * std::cos(east);
-  values[kSinLat] = std::sin(p2);
-  values[kEast] = std::cos(p2) * std::sin(east);
+  values[kCosArc] = fast.sinHome * Sine(p2) + Cosine(p2) * fast.cosHome * Cosine(east);
+  values[kSinLat] = Sine(p2);
+  values[kEast] = Cosine(p2) * Sine(east);
 }
 
 bool IsSurelyOnGrid(double easting, double northing) {
@@ -361,8 +362,8 @@ FastRows FastRowsFor(const Workspace& w, const Limits& limits) {
   FastRows fast{.limits = limits,
                 .homeLat = w.BaseLat,
                 .homeLon = w.BaseLong,
-                .sinHome = std::sin(p1),
-                .cosHome = std::cos(p1)};
+                .sinHome = Sine(p1),
+                .cosHome = Cosine(p1)};
   fast.numbers.resize(kGridSquares + kLocatorSquares);
   return fast;
 }
