@@ -23,7 +23,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/README.txt ${resources}/README.txt NEWL
 install(FILES ${resources}/README.txt DESTINATION .)
 install(FILES data/Sites.dat DESTINATION geog)
 install(FILES docs/manual.md docs/receivers.md docs/file-formats.md DESTINATION manual)
-install(DIRECTORY docs/pictures DESTINATION manual)
+install(DIRECTORY docs/pictures DESTINATION manual FILES_MATCHING PATTERN *.png)
 install(FILES LICENSE DESTINATION licences RENAME Tarnwick.txt)
 # What is linked into the program: Qt, with what it holds of others, and the compiler's libraries.
 get_filename_component(qt ${Qt6_DIR}/../../.. ABSOLUTE)
