@@ -176,7 +176,7 @@ double Arctangent(double ratio) {
   if (ratio > 1) return kQuarterTurn.high - (Arctangent(1 / ratio) - kQuarterTurn.low);
   if (!(ratio >= kTiny)) return ratio;
   if (ratio < 0.125) return ratio + ArctangentSeries(ratio);
-  const int eighths = static_cast<int>(ratio * 8 + 0.5);
+  const auto eighths = static_cast<int>(std::floor(ratio * 8 + 0.5));
   const double rest = (ratio - eighths / 8.0) / (1 + ratio * eighths / 8.0);
   const Sum& start = kOfEighths[eighths];
   return start.high + (rest + (start.low + ArctangentSeries(rest)));

@@ -42,10 +42,11 @@ std::uint64_t Where(const char* at, CharacterTest test) {
 
 std::uint64_t Where(const char* at, const CharacterPair& pair) {
   std::uint64_t where = 0;
-  for (std::size_t i = 0; i < kBlock; i += 16)
-    where |= Bits(_mm_and_si128(Passing(at + i + pair.firstAt, pair.first),
-                                Passing(at + i + pair.secondAt, pair.second)),
-                  i);
+  for (std::size_t i = 0; i < kBlock; i += 16) {
+    const __m128i first = Passing(at + i + pair.firstAt, pair.first);
+    const __m128i second = Passing(at + i + pair.secondAt, pair.second);
+    where |= Bits(_mm_and_si128(first, second), i);
+  }
   return where;
 }
 

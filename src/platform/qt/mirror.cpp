@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "platform/qt/text.h"
 
@@ -25,7 +26,7 @@ void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
 
 // A form that was worked out is told from the one that was given by its colour alone.
 bool IsCalculated(const TextBox& state) {
-  return state.tip == kCalculatedTip && state.fore == kRed;
+  return std::string_view(state.tip) == kCalculatedTip && state.fore == kRed;
 }
 
 // What the record holds of a typed text, shown in its place if a character had to give way. Of
