@@ -98,8 +98,9 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
   window(w.BearingCalc);
   window(w.ShowList);
   window(w.SetUpCom);
-  for (const std::string& entry : w.ShowList.PR.items)
-    Require(entry.size() <= kEntryLength, "entries have 28 characters at most");
+  const Entries& entries = w.ShowList.PR.items;
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    Require(entries[i].size() <= kEntryLength, "entries have 28 characters at most");
   for (const double number : {w.Lat, w.Lon, w.BaseLat, w.BaseLong, w.Resolution, w.Baseresolution,
                               w.Dist.number, w.BearUncert.number, w.DistUncert.number})
     Require(std::isfinite(number), "numbers are finite");

@@ -85,7 +85,7 @@ std::string Unescaped(std::string_view text) {
 
 namespace {
 
-std::string Value(const std::string& text) {
+std::string Value(std::string_view text) {
   return Escaped(text);
 }
 std::string Value(const char* text) {
@@ -150,7 +150,7 @@ std::string DrawText(const DrawOperation& op) {
 
 // ---- every value of the run: show(name, value)
 
-void EachItem(const std::string& name, const std::vector<std::string>& items, auto&& show) {
+void EachItem(const std::string& name, const auto& items, auto&& show) {
   show(name + ".items", Value(items.size()));
   for (std::size_t i = 0; i < items.size(); ++i)
     show(name + ".item." + std::to_string(i), Value(items[i]));

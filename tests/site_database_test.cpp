@@ -121,12 +121,11 @@ TEST_F(Database, PassingOverLinesChangesNothing) {
     const std::vector<std::string> lines = PlainLinesOf(content);
     for (const std::string text : sought) {
       w.Tarnwick.InputText.text = text;
-      w.ShowList.PR.items.clear();
+      w.ShowList.PR.items = {};
       SearchDatabase(w);
-      std::vector<std::string> listed;
+      Entries listed;
       for (const std::string& line : lines)
-        if (UpperOf(line).find(UpperOf(text)) != std::string::npos)
-          listed.push_back(line.substr(0, 28));
+        if (UpperOf(line).find(UpperOf(text)) != std::string::npos) listed.Add(line.substr(0, 28));
       ASSERT_EQ(w.ShowList.PR.items, listed) << "round " << round << ", " << text;
       w.sitename.clear();
       FindIt_Click(w);
@@ -134,6 +133,23 @@ TEST_F(Database, PassingOverLinesChangesNothing) {
           << "round " << round << ", " << text;
     }
   }
+}
+
+TEST_F(Database, ASecondLookupAddsToThousandsOfEntries) {
+  std::string content;
+  std::vector<std::string> expected;
+  for (int i = 0; i < 1500; ++i) {
+    expected.push_back(std::string(static_cast<std::size_t>(i % 9), 'x') + std::to_string(i));
+    content += expected.back() + "\r\n";
+  }
+  Write(content);
+  SearchDatabase(w);
+  w.Tarnwick.InputText.text = "1023";
+  SearchDatabase(w);
+  expected.push_back(expected[1023]);
+  const Entries& entries = w.ShowList.PR.items;
+  ASSERT_EQ(entries.size(), expected.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) EXPECT_EQ(entries[i], expected[i]);
 }
 
 TEST_F(Database, WhatCannotBeReadIsReportedAsMissing) {

@@ -78,12 +78,14 @@ bool IsLocator(std::string_view text) {
 // neither a grid reference nor a locator of the usual length and letters.
 std::optional<Reference> ReferenceOf(std::string_view position) {
   Reference reference;
+  std::size_t length = 0;
   for (std::size_t i = 0; i < position.size(); ++i) {
     const char c = position[i];
     if (c == ' ' && i >= 4) continue;
-    if (reference.length == reference.text.size()) return {};
-    reference.text[reference.length++] = IsIn(c, 'a', 'z') ? static_cast<char>(c - 32) : c;
+    if (length == reference.text.size()) return {};
+    reference.text[length++] = IsIn(c, 'a', 'z') ? static_cast<char>(c - 32) : c;
   }
+  reference.length = length;
   const std::string_view text = reference.View();
   if (text.size() < 6) return {};
   reference.onGrid = IsDigit(text[4]);

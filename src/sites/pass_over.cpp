@@ -97,13 +97,16 @@ const char* LineStart(const char* from, const char* at) {
   return at;
 }
 
-// Moves on to the start of the line in which `at` stands.
-void MoveTo(DatabaseHandle& database, const char* at) {
+// Moves on to the start of the line in which `at` stands, and gives its place in the line.
+std::size_t MoveTo(DatabaseHandle& database, const char* at) {
   const char* from = database.buffer.data() + database.at;
   const char* start = LineStart(from, at);
-  if (start == from) return;
-  database.at += static_cast<std::size_t>(start - from);
-  database.afterReturn = true;
+  if (start != from) {
+    database.at += static_cast<std::size_t>(start - from);
+    database.afterReturn = true;
+  }
+  if (at != start && database.afterReturn && *start == '\n') ++start;
+  return static_cast<std::size_t>(at - start);
 }
 
 // The name of the last line that ends before `start`, if one does.
@@ -122,7 +125,7 @@ void TakeName(const DatabaseHandle& database, const char* start, std::string& si
 
 }  // namespace
 
-void PassOverLines(DatabaseHandle& database, const CaseBlindText& sought) {
+std::size_t PassOverLines(DatabaseHandle& database, const CaseBlindText& sought) {
   const char* at = database.buffer.data() + database.at;
   const char* end = database.buffer.data() + database.end;
   for (; at < end; at += kBlock) {
@@ -130,7 +133,7 @@ void PassOverLines(DatabaseHandle& database, const CaseBlindText& sought) {
     DropFalse(places, at, end, sought);
     if (places != 0) return MoveTo(database, std::min(at + std::countr_zero(places), end));
   }
-  MoveTo(database, end);
+  return MoveTo(database, end);
 }
 
 void PassOverSites(DatabaseHandle& database, const CaseBlindText& sought, std::string& sitename) {

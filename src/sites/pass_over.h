@@ -11,8 +11,9 @@
 #include "sites/site_database.h"
 
 // Passes over lines that don't hold the text. The last line read so far, which may be incomplete,
-// is left to be read.
-void PassOverLines(DatabaseHandle& database, const CaseBlindText& sought);
+// is left to be read. Gives the place in the next line at which the text should first be looked
+// for.
+std::size_t PassOverLines(DatabaseHandle& database, const CaseBlindText& sought);
 
 // Passes over lines that hold a "~" but neither the text nor the end marker, as PassOverLines does.
 // sitename becomes the name of the last line passed over, if there is one.

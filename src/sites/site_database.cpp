@@ -129,11 +129,13 @@ void SearchDatabase(Workspace& w) {
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
-  std::vector<std::string>& entries = w.ShowList.PR.items;
+  Entries& entries = w.ShowList.PR.items;
   while (entries.size() < kMostEntries) {
-    PassOverLines(w.database, sought);
+    const std::size_t place = PassOverLines(w.database, sought);
     if (!ReadLine(w.database, line)) break;
-    if (Matches(line, sought)) entries.emplace_back(line.substr(0, kEntryLength));
+    const std::string_view rest = line.substr(std::min(place, line.size()));
+    if (BeginsWith(rest, sought) || Matches(line, sought))
+      entries.Add(line.substr(0, kEntryLength));
   }
   CloseDatabase(w);
 }

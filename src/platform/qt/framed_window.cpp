@@ -65,9 +65,9 @@ void FramedWindow::ShowState() {
   if (shown_.caption != state_.caption || windowTitle().isEmpty())
     setWindowTitle(ToQt(state_.caption));
   // Size before place: a place set first would drift by the frame.
-  if (shown_.width != state_.width || shown_.height != state_.height) ShowSize();
-  const bool moved = shown_.left != state_.left || shown_.top != state_.top;
   const bool appears = state_.visible && !isVisible();
+  if (appears || shown_.width != state_.width || shown_.height != state_.height) ShowSize();
+  const bool moved = shown_.left != state_.left || shown_.top != state_.top;
   shown_ = state_;
   if (moved || appears) Place();
   if (state_.visible != isVisible()) setVisible(state_.visible);

@@ -27,7 +27,7 @@ class FramedWindow : public QWidget {
  protected:
   // Where the window goes for the place in the record; the title bar stays within reach.
   virtual QPoint PlaceFor(QPoint wanted) const;
-  // Called when the record asks for another size.
+  // Called when the window appears or the record asks for another size.
   virtual void ShowSize() {}
   // The size of the design, or what the fonts need if that is more.
   void ResizeToDesign();

@@ -88,12 +88,6 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
   auto* column = new QVBoxLayout(this);
   column->addWidget(view_, 1);
   column->addWidget(widgets_["OK"], 0, Qt::AlignLeft);
-  const QMargins margins = column->contentsMargins();
-  const int entries = 4 * view_->EntryWidth() + 2 * view_->frameWidth();
-  const int wanted = std::max(static_cast<int>(state_.width / kTwipsPerPixel),
-                              entries + margins.left() + margins.right());
-  resize(std::min(wanted, screen()->availableGeometry().width()),
-         static_cast<int>(state_.height / kTwipsPerPixel));
 
   QWidget::setTabOrder(view_, widgets_["OK"]);
   setFocusProxy(view_);
@@ -105,6 +99,17 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
   static constexpr Handler kPick{WindowName::ShowList, "PR", ShowList::PR_DblClick, true};
   connect(view_, &QListView::doubleClicked, this, [this] { mirror_.Run(kPick); });
   mirror.OnShow([this] { ShowList(); });
+}
+
+// As wide as four columns of entries, if the screen has room for them.
+void ResultsWindowView::ShowSize() {
+  if (!state_.visible) return;
+  const QMargins margins = layout()->contentsMargins();
+  const int entries = 4 * view_->EntryWidth() + 2 * view_->frameWidth();
+  const int wanted = std::max(static_cast<int>(state_.width / kTwipsPerPixel),
+                              entries + margins.left() + margins.right());
+  resize(std::min(wanted, screen()->availableGeometry().width()),
+         static_cast<int>(state_.height / kTwipsPerPixel));
 }
 
 void ResultsWindowView::ShowList() {

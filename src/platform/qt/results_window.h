@@ -44,6 +44,7 @@ class ResultsWindowView : public FramedWindow {
   explicit ResultsWindowView(Mirror& mirror);
 
  private:
+  void ShowSize() override;
   void ShowList();
 
   Widgets widgets_;

@@ -2,7 +2,7 @@
 
 #include "platform/single_byte.h"
 
-QString ToQt(const std::string& text) {
+QString ToQt(std::string_view text) {
   return QString::fromStdString(ToUtf8(text));
 }
 

@@ -4,11 +4,12 @@
 #include <QColor>
 #include <QString>
 #include <string>
+#include <string_view>
 
 #include "workspace/view.h"
 
 // A text of the logic, on screen.
-QString ToQt(const std::string& text);
+QString ToQt(std::string_view text);
 
 // Characters that the single-byte set lacks take their nearest form, else "?".
 std::string FromQt(const QString& text);
