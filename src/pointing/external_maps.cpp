@@ -4,7 +4,7 @@ namespace {
 
 // What a viewer makes of it is no concern of the program's, a failed start included.
 void Start(Workspace& w, const std::string& target) {
-  if (!w.platform.Shell("cmd /c  start " + target, WindowStyle::MinimisedWithFocus)) return;
+  static_cast<void>(w.platform.Shell("cmd /c  start " + target, WindowStyle::MinimisedWithFocus));
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "workspace/startup.h"
 
-#include "geo/grid_encoder.h"
-#include "geo/lat_long_display.h"
-#include "geo/locator.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "pointing/external_maps.h"
@@ -25,15 +22,7 @@ void RestoreHome(Workspace& w) {
   main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
                         "  Long: " + FormatPicture(w.BaseLong, "####.###");
   pointing.Ipt.text = main.InputText.text;
-  for (TextBox* box : {&main.LocText, &main.NGRText, &main.LLText}) box->back = kLatLongGround;
-  ShowLatLong(w);
-  std::string lc;
-  GenLocator(w.Lat, w.Lon, lc);
-  main.LocText.fore = kBlack;
-  main.LocText.text = lc;
-  std::string ngr;
-  GenNGR(w, w.Lat, w.Lon, ngr);
-  main.NGRText.text = ngr;
+  ShowPlaceByLatLong(w);
   main.SetHome.enabled = true;
   ShowDistanceAndBearing(w);
   pointing.UncertText.text =

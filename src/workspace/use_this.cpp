@@ -13,10 +13,11 @@
 
 namespace {
 
-// The grounds of a typed reference and of a site.
+// The grounds of a typed reference, of a site, and of a latitude and longitude.
 constexpr Rgb kYellow{255, 255, 90};
 constexpr Rgb kGridLLYellow{255, 250, 90};
 constexpr Rgb kSand{255, 240, 200};
+constexpr Rgb kLatLongGround{180, 255, 200};
 
 void PaintGrounds(Workspace& w, Rgb loc, Rgb ngr, Rgb ll) {
   w.Tarnwick.LocText.back = loc;
@@ -81,18 +82,10 @@ void UseLocator(Workspace& w, const std::string& s) {
 }
 
 void UseLatLong(Workspace& w, std::string& s) {
-  PaintGrounds(w, kLatLongGround, kLatLongGround, kLatLongGround);
   ParseLatLong(w, s);
   w.Tarnwick.InputText.text = s;
   w.BearingCalc.Ipt.text = s;
-  ShowLatLong(w);
-  std::string lc;
-  GenLocator(w.Lat, w.Lon, lc);
-  w.Tarnwick.LocText.fore = kBlack;
-  w.Tarnwick.LocText.text = lc;
-  std::string ngr;
-  GenNGR(w, w.Lat, w.Lon, ngr);
-  w.Tarnwick.NGRText.text = ngr;
+  ShowPlaceByLatLong(w);
   FinishTypedPlace(w, {"0.00#km ", "0.0 deg"});
 }
 
@@ -153,6 +146,18 @@ void FindSite(Workspace& w) {
 }
 
 }  // namespace
+
+void ShowPlaceByLatLong(Workspace& w) {
+  PaintGrounds(w, kLatLongGround, kLatLongGround, kLatLongGround);
+  ShowLatLong(w);
+  std::string lc;
+  GenLocator(w.Lat, w.Lon, lc);
+  w.Tarnwick.LocText.fore = kBlack;
+  w.Tarnwick.LocText.text = lc;
+  std::string ngr;
+  GenNGR(w, w.Lat, w.Lon, ngr);
+  w.Tarnwick.NGRText.text = ngr;
+}
 
 void ShowDistanceAndBearing(Workspace& w) {
   w.BearingCalc.DistText.text = FormatPicture(w.Dist, "####0.00#");

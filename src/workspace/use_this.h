@@ -9,8 +9,8 @@
 // when that led to a place and disabled otherwise. A failed decode goes on with the place before.
 void FindIt_Click(Workspace& w);
 
+// The current place in all its forms, as given by latitude and longitude, typed or stored.
+void ShowPlaceByLatLong(Workspace& w);
+
 // Dist, Bearing and Backbearing into the fields of the Pointing window, zeros while they are empty.
 void ShowDistanceAndBearing(Workspace& w);
-
-// The ground of the three forms under a latitude and longitude, typed or stored.
-inline constexpr Rgb kLatLongGround{180, 255, 200};

@@ -65,7 +65,7 @@ struct Workspace {
   double LLFormat = 0;             // layout of LLText: 0 degrees, 1 minutes, 2 seconds
   std::int16_t RealTime = kFalse;  // real-time mode is on
   std::int32_t ListLeft = 0;       // twips, where the Results window was last closed
-  std::int32_t ListTop = 0;        //
+  std::int32_t ListTop = 0;        // likewise
   std::string MapPath = kMapPath;  // folder of the map images
 
   DatabaseHandle database;

@@ -48,8 +48,12 @@ std::string Taken(QLineEdit* edit) {
 }  // namespace
 
 QPalette LightPalette() {
-  static const QPalette palette(QColor(240, 240, 240));
-  return palette;
+  static const QPalette light = [] {
+    QPalette palette(QColor(240, 240, 240));
+    palette.setColor(QPalette::Window, QColor(250, 250, 250));
+    return palette;
+  }();
+  return light;
 }
 
 bool Mirror::Run(const std::function<void(Workspace&)>& command) {

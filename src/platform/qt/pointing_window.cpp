@@ -56,13 +56,16 @@ PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow
   ResizeToDesign();
 }
 
-// A place above the screen would come down onto the main window; beside it is better, where there
-// is room.
+// A place above the screen would come down onto the main window; beside or below it is better,
+// where there is room.
 QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   const QPoint reachable = FramedWindow::PlaceFor(wanted);
   const QRect main = main_.frameGeometry();
-  const int beside = main.right() + 1;
   if (reachable.y() == wanted.y() || !main.intersects(QRect(reachable, size()))) return reachable;
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-  return beside + width() <= screen.right() ? QPoint(beside, reachable.y()) : reachable;
+  const QPoint beside(main.right() + 1, reachable.y());
+  const QPoint below(main.left(), main.bottom() + 1);
+  for (const QPoint& place : {beside, below})
+    if (screen.contains(QRect(place, size()))) return place;
+  return reachable;
 }
