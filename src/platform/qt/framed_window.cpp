@@ -21,9 +21,6 @@ constexpr int kSettleMilliseconds = 400;
 // How long the frame of a window that appears may take; only then can it be placed exactly.
 constexpr int kFrameMilliseconds = 50;
 
-// How much of a title bar must be on the screen to be taken hold of.
-constexpr int kReach = 80;
-
 int Pixels(float twips) {
   return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -1e6F, 1e6F)));
 }
@@ -53,12 +50,17 @@ void FramedWindow::SetDefaultButton(QPushButton* button) {
   if (default_ != nullptr) default_->setDefault(true);
 }
 
-QPoint FramedWindow::PlaceFor(QPoint wanted) const {
-  const QScreen* at = QGuiApplication::screenAt(wanted);
+QRect FramedWindow::ScreenAt(QPoint place) {
+  const QScreen* at = QGuiApplication::screenAt(place);
   if (at == nullptr) at = QGuiApplication::primaryScreen();
-  const QRect screen = at->availableGeometry();
-  return {std::clamp(wanted.x(), screen.left() + kReach - width(), screen.right() - kReach),
-          std::clamp(wanted.y(), screen.top(), std::max(screen.top(), screen.bottom() - kReach))};
+  return at->availableGeometry();
+}
+
+QPoint FramedWindow::PlaceFor(QPoint wanted) const {
+  const QRect screen = ScreenAt(wanted);
+  const QSize room = screen.size() - frameGeometry().size();
+  return {std::clamp(wanted.x(), screen.left(), screen.left() + std::max(0, room.width())),
+          std::clamp(wanted.y(), screen.top(), screen.top() + std::max(0, room.height()))};
 }
 
 void FramedWindow::ShowState() {

@@ -25,8 +25,10 @@ class FramedWindow : public QWidget {
   void ToFront();
 
  protected:
-  // Where the window goes for the place in the record; the title bar stays within reach.
+  // Where the window goes for the place in the record: all of it is on the screen if it can be.
   virtual QPoint PlaceFor(QPoint wanted) const;
+  // The screen on which a place lies; the first one for a place on none.
+  static QRect ScreenAt(QPoint place);
   // Called when the window appears or the record asks for another size.
   virtual void ShowSize() {}
   // The size of the design, or what the fonts need if that is more.

@@ -18,6 +18,9 @@ enum Column { kFirstButton, kSecondButton, kGap, kLocator, kReference, kLast, kC
 constexpr QSize kAccuracySquare(45, 43);
 constexpr double kLargePoints = 12;
 
+// How much of a title bar must be on the screen to be taken hold of.
+constexpr int kReach = 80;
+
 }  // namespace
 
 MainWindowView::MainWindowView(Mirror& mirror)
@@ -177,6 +180,13 @@ QWidget* MainWindowView::ListingPanel() {
   widgets_.Label("Label13", "Srchtext");
   widgets_.Label("Label11", "ListFileName");
   return panel;
+}
+
+// The user may have left it half off the screen.
+QPoint MainWindowView::PlaceFor(QPoint wanted) const {
+  const QRect screen = ScreenAt(wanted);
+  return {std::clamp(wanted.x(), screen.left() + kReach - width(), screen.right() - kReach),
+          std::clamp(wanted.y(), screen.top(), std::max(screen.top(), screen.bottom() - kReach))};
 }
 
 // The heights that the logic sets say which rows are there; the fonts say how high those are.

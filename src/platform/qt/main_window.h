@@ -12,6 +12,7 @@ class MainWindowView : public FramedWindow {
   explicit MainWindowView(Mirror& mirror);
 
  protected:
+  QPoint PlaceFor(QPoint wanted) const override;
   void ShowSize() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

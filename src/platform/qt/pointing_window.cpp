@@ -1,8 +1,6 @@
 #include "platform/qt/pointing_window.h"
 
 #include <QGridLayout>
-#include <QGuiApplication>
-#include <QScreen>
 #include <iterator>
 
 namespace {
@@ -62,7 +60,7 @@ QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   const QPoint reachable = FramedWindow::PlaceFor(wanted);
   const QRect main = main_.frameGeometry();
   if (reachable.y() == wanted.y() || !main.intersects(QRect(reachable, size()))) return reachable;
-  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  const QRect screen = ScreenAt(main.center());
   const QPoint beside(main.right() + 1, reachable.y());
   const QPoint below(main.left(), main.bottom() + 1);
   for (const QPoint& place : {beside, below})
