@@ -12,6 +12,7 @@
 
 #include "platform/qt/program.h"
 #include "platform/qt/text.h"
+#include "sites/results.h"
 
 namespace {
 
@@ -273,6 +274,31 @@ TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
 }
 
 // Nothing overlaps or is cut at any font, and a dark desktop leaves the fields readable.
+TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
+  const QRect screen = program_->mainWindow.screen()->availableGeometry();
+  for (const QPoint corner : {screen.topLeft(), screen.center(), screen.bottomRight()}) {
+    Restart();
+    program_->w.Tarnwick.left = static_cast<float>(corner.x()) * kTwipsPerPixel;
+    program_->w.Tarnwick.top = static_cast<float>(corner.y()) * kTwipsPerPixel;
+    program_->mirror.Show();
+    Type("IO91WM");
+    Enter();
+    Click("SetHome");
+    program_->mirror.Run(OpenResults);
+    Click("UseNMEA");
+    QTest::qWait(100);  // the frames are there
+    const QRect main = program_->mainWindow.geometry();
+    const QRect pointing = program_->pointing.geometry();
+    EXPECT_TRUE(screen.intersects(main));
+    EXPECT_TRUE(screen.contains(pointing));
+    EXPECT_TRUE(screen.contains(program_->setUp.geometry()));
+    // This one is as wide as the screen, without its frame.
+    EXPECT_LE(program_->results.frameGeometry().left(), screen.left());
+    EXPECT_TRUE(screen.contains(program_->results.geometry().center()));
+    EXPECT_TRUE(corner != screen.topLeft() || !pointing.intersects(main));
+  }
+}
+
 TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
   const QFont font = QApplication::font();
   const QPalette palette = QApplication::palette();
