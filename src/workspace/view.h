@@ -4,13 +4,12 @@
 // handler. Positions and sizes of windows are in twips, 1/1440 inch.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "workspace/entries.h"
 
 // A colour of the screen.
 struct Rgb {
@@ -74,35 +73,6 @@ struct ComboBox {
   bool enabled = true;
   bool visible = true;
   bool operator==(const ComboBox&) const = default;
-};
-
-// Short texts, in pages that stay where they are: a lookup may find a million.
-class Entries {
- public:
-  void Add(std::string_view text) {
-    if (size_ % kPage == 0) pages_.emplace_back();
-    Page& page = pages_.back();
-    page.texts += text;
-    page.ends[size_++ % kPage] = page.texts.size();
-  }
-  std::size_t size() const { return size_; }
-  // Holds until the next is added; there must be such an entry.
-  std::string_view operator[](std::size_t i) const {
-    const Page& page = pages_[i / kPage];
-    const std::size_t start = i % kPage == 0 ? 0 : page.ends[i % kPage - 1];
-    return std::string_view(page.texts).substr(start, page.ends[i % kPage] - start);
-  }
-  bool operator==(const Entries&) const = default;
-
- private:
-  static constexpr std::size_t kPage = 1024;
-  struct Page {
-    std::string texts{};  // one behind another
-    std::array<std::size_t, kPage> ends{};
-    bool operator==(const Page&) const = default;
-  };
-  std::deque<Page> pages_;
-  std::size_t size_ = 0;
 };
 
 // Entries of which one can be selected.
