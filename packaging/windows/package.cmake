@@ -27,7 +27,7 @@ install(DIRECTORY docs/pictures DESTINATION manual FILES_MATCHING PATTERN *.png)
 install(FILES LICENSE DESTINATION licences RENAME Tarnwick.txt)
 # What is linked into the program: Qt, with what it holds of others, and the compiler's libraries.
 get_filename_component(qt ${Qt6_DIR}/../../.. ABSOLUTE)
-install(DIRECTORY ${qt}/licences/ DESTINATION licences/Qt)
+install(DIRECTORY ${qt}/licences/ DESTINATION licences/Qt OPTIONAL)
 install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright DESTINATION licences RENAME GCC.txt)
 install(FILES /usr/share/doc/mingw-w64-common/copyright DESTINATION licences RENAME MinGW-w64.txt)
 install(FILES /usr/share/common-licenses/GPL-3 DESTINATION licences RENAME GPL-3.txt)

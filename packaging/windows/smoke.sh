@@ -8,7 +8,7 @@ cd "$(dirname "$0")/../.."
 root=$PWD
 
 packaging/install.sh run test windows wine
-[ -e build/windows/tarnwick.exe ] || packaging/windows/build.sh
+packaging/windows/build.sh
 cmake --preset release -DTARNWICK_TESTS=ON >/dev/null
 cmake --build --preset release
 
@@ -135,7 +135,8 @@ paste() {
   sleep 0.5
   keys ctrl+v
 }
-# Where the controls lie in the main window, in pixels from its upper left corner.
+# Where the controls lie in the main window, in pixels from its upper left corner: read off the picture
+# 1-home; a change of the layout moves them.
 place_of() {
   case $1 in
     LocDatabase) echo 579 41 ;;
