@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs what is missing, builds with warnings as errors and runs the tests. With --deep instead
-# the long ones too, under the sanitizers and without Qt, with the fuzz targets, the coverage and the
-# checks of style.
+# the long ones too, under the sanitizers and without Qt, with the fuzz targets, the coverage, the
+# Debian package and the checks of style.
 set -eu
 cd "$(dirname "$0")"
 
@@ -9,7 +9,7 @@ purposes="run test"
 deep=
 if [ "${1:-}" = --deep ]; then
   deep=yes
-  purposes="$purposes deep"
+  purposes="$purposes deep package bench"
 fi
 # shellcheck disable=SC2086
 packaging/install.sh $purposes
@@ -33,6 +33,8 @@ build_and_test sanitize
 build_and_test logic
 build_and_test fuzz -R fuzz_
 tests/coverage.sh
+cmake --preset bench && cmake --build --preset bench
+packaging/check.sh
 sources=$(git ls-files '*.cpp' '*.h')
 # shellcheck disable=SC2086
 clang-format --dry-run --Werror $sources

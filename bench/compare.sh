@@ -12,9 +12,9 @@ cmake --build --preset bench >&2
 runs=${1:-7}
 build=build/bench
 data=$build/data
-export QT_QPA_PLATFORM=offscreen
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 XDG_CONFIG_HOME=$(mktemp -d)
-export XDG_CONFIG_HOME
+export XDG_CONFIG_HOME XDG_DATA_HOME="$XDG_CONFIG_HOME"
 trap 'rm -rf "$XDG_CONFIG_HOME"' EXIT
 mkdir -p $data
 for records in 10000 100000 1000000 10000000; do

@@ -1,10 +1,12 @@
 #!/bin/sh
-# Installs the packages of packages.txt that are missing: install.sh run [test [deep]]
+# Installs what is missing of the packages for each PURPOSE of packages.txt: install.sh PURPOSE...
 set -eu
 list=$(dirname "$0")/packages.txt
 missing=
 for purpose in "$@"; do
-  for package in $(awk -v purpose="$purpose" '$1 == purpose { print $2 }' "$list"); do
+  packages=$(awk -v purpose="$purpose" '$1 == purpose { print $2 }' "$list")
+  [ -n "$packages" ] || { echo "No packages are listed for: $purpose" >&2; exit 1; }
+  for package in $packages; do
     dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
       missing="$missing $package"
   done

@@ -157,6 +157,29 @@ TEST_F(Windows, ShowTheRecordUnderAMessageBox) {
   EXPECT_TRUE(seen);
 }
 
+// The listing is there all the same; a map that no one shows is seen to be missing.
+TEST_F(Windows, TellOfAListingThatNoProgramOpens) {
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", home_.path().toUtf8());
+  QFile::copy(TARNWICK_SAMPLE, home_.filePath("data/tarnwick/drive_c/geog/Sites.dat"));
+  Type("NN166712");
+  Enter();
+  Click("SetHome");
+  std::string told;
+  QTimer::singleShot(0, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    told = box->text().toStdString();
+    box->accept();
+  });
+  Click("LocSites");
+  EXPECT_EQ(told, "Path or filename error");
+  EXPECT_TRUE(QFile::exists(home_.filePath("data/tarnwick/drive_c/geog/SITELIST.TXT")));
+  Click("Gmap");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  qputenv("PATH", path);
+}
+
 // Every control can be found and is described; a field is named by its label or by itself, the
 // live caption of a label or button by nothing else.
 TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
@@ -273,7 +296,7 @@ TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
   }
 }
 
-// Nothing overlaps or is cut at any font, and a dark desktop leaves the fields readable.
+// Wherever the main window was left, the others are on the screen.
 TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
   const QRect screen = program_->mainWindow.screen()->availableGeometry();
   for (const QPoint corner : {screen.topLeft(), screen.center(), screen.bottomRight()}) {
@@ -299,10 +322,11 @@ TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
   }
 }
 
+// Nothing overlaps or is cut at any font, and a dark desktop leaves the fields readable.
 TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
   const QFont font = QApplication::font();
   const QPalette palette = QApplication::palette();
-  for (const int points : {8, 12, 16}) {
+  for (const int points : {9, 12, 16}) {
     QFont larger = font;
     larger.setPointSize(points);
     QApplication::setFont(larger);
@@ -312,9 +336,10 @@ TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
     Enter();
     Click("SetHome");
     Click("GenList");
+    Click("UseNMEA");
+    program_->mirror.Run(OpenResults);
     QTest::qWait(1);
-    for (QWidget* window : {static_cast<QWidget*>(&program_->mainWindow),
-                            static_cast<QWidget*>(&program_->pointing)}) {
+    for (const FramedWindow* window : program_->round) {
       for (auto* widget : window->findChildren<QWidget*>(QRegularExpression("."))) {
         if (!widget->isVisible()) continue;
         EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
