@@ -13,11 +13,10 @@
 
 namespace {
 
-// The grounds of a typed reference, of a site, and of a latitude and longitude.
+// The grounds of a typed reference and of a site.
 constexpr Rgb kYellow{255, 255, 90};
 constexpr Rgb kGridLLYellow{255, 250, 90};
 constexpr Rgb kSand{255, 240, 200};
-constexpr Rgb kLatLongGround{180, 255, 200};
 
 void PaintGrounds(Workspace& w, Rgb loc, Rgb ngr, Rgb ll) {
   w.Tarnwick.LocText.back = loc;

@@ -9,8 +9,10 @@
 // when that led to a place and disabled otherwise. A failed decode goes on with the place before.
 void FindIt_Click(Workspace& w);
 
-// The current place in all its forms, as given by latitude and longitude, typed or stored.
+// The current place in all its forms, as given by latitude and longitude, typed or stored; it is
+// told from a reference by this ground.
 void ShowPlaceByLatLong(Workspace& w);
+inline constexpr Rgb kLatLongGround{180, 255, 200};
 
 // Dist, Bearing and Backbearing into the fields of the Pointing window, zeros while they are empty.
 void ShowDistanceAndBearing(Workspace& w);
