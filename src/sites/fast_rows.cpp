@@ -241,7 +241,8 @@ bool IsNear(double value, double limit) {
 }
 
 // Distance and bearings from the values of a patch, by the tangents where the plain formulas take
-// cosines; what the C library's arctangents differ by is far within the margins. lon is sure to lie on the right side of the home station wherever they are.
+// cosines; what the C library's arctangents differ by is far within the margins. lon is sure to lie
+// on the right side of the home station wherever they are.
 RowVerdict PutFigures(FastRows& fast, const PatchValues& values, double lon) {
   const double cosArc = values[kCosArc];
   const double east = std::fabs(values[kEast]);
