@@ -27,10 +27,11 @@ cat $million $ten >/dev/null  # into the cache
 measure() { $build/stopwatch "$runs" "$@"; }
 empty=$(measure $build/commands nothing)
 
-# row WORK GOAL OURS PEER-NAME PEER: both as "seconds kilobytes"; the ratio is to be at least the
-# goal.
+# row WORK GOAL PEER-NAME COMMAND... -- PEER...: the ratio is to be at least the goal.
 row() {
-  echo "$3 $5 $empty" | awk -v work="$1" -v goal="$2" -v peer="$4" '{
+  work=$1 goal=$2 peer=$3
+  shift 3
+  echo "$(measure "$@" | xargs) $empty" | awk -v work="$work" -v goal="$goal" -v peer="$peer" '{
     printf "| %s | %.3f s | %s %.3f s | %.2f | %s | %.1f MB |\n",
       work, $1, peer, $3, $3 / $1, goal, ($2 - $6) / 1024 }'
 }
@@ -40,29 +41,23 @@ echo "|---|---|---|---|---|---|"
 
 commands=$build/commands
 out=$data/out.txt
-listing=$(measure $commands listing $million $out)
-peer=$(measure $build/pipe_cpp $million $out)
-row "listing, all of 1,000,000 records" 6 "$listing" pipe_cpp "$peer"
-listing=$(measure $commands listing $million $out 20)
-peer=$(measure $build/pipe_cpp $million $out 20)
-row "listing, 20 km" 12 "$listing" pipe_cpp "$peer"
-listing=$(measure $commands listing $million $out 99999 Raven)
-peer=$(measure $build/pipe_cpp $million $out 99999 Raven)
-row "listing, one name" - "$listing" pipe_cpp "$peer"
+theirs=$data/theirs.txt
+row "listing, all of 1,000,000 records" 6 pipe_cpp \
+  $commands listing $million $out -- $build/pipe_cpp $million $theirs
+row "listing, 20 km" 12 pipe_cpp \
+  $commands listing $million $out 20 -- $build/pipe_cpp $million $theirs 20
+row "listing, one name" - pipe_cpp \
+  $commands listing $million $out 99999 Raven -- $build/pipe_cpp $million $theirs 99999 Raven
+row "lookup without a match, 10,000,000 lines" 3.5 "grep -c -i -F" \
+  $commands lookup $ten beacon -- grep -c -i -F beacon $ten
+row "the same" 0.85 "rg --no-mmap" \
+  $commands lookup $ten beacon -- rg --no-mmap -c -i -F beacon $ten
+row "lookup, 1,217,575 matches kept" 1.5 "rg, cut" \
+  $commands lookup $ten mast -- sh -c "rg --no-mmap -i -F mast $ten | cut -b1-28"
+row "Use This to the last line" 2.2 "grep -m1 -i -F" \
+  $commands use $ten beacon -- grep -m1 -i -F beacon $ten
 
-lookup=$(measure $commands lookup $ten beacon)
-row "lookup without a match, 10,000,000 lines" 3.5 "$lookup" "grep -c -i -F" \
-  "$(measure grep -c -i -F beacon $ten)"
-row "the same" 0.85 "$lookup" "rg --no-mmap" "$(measure rg --no-mmap -c -i -F beacon $ten)"
-lookup=$(measure $commands lookup $ten mast)
-row "lookup, 1,217,575 matches kept" 1.5 "$lookup" "rg, cut" \
-  "$(measure sh -c "rg --no-mmap -i -F mast $ten | cut -b1-28")"
-use=$(measure $commands use $ten beacon)
-row "Use This to the last line" 2.2 "$use" "grep -m1 -i -F" "$(measure grep -m1 -i -F beacon $ten)"
-
-paint=$(measure $build/first_paint program)
-peer=$(measure $build/first_paint empty)
-echo "$paint $peer" | awk '{
+measure $build/first_paint program -- $build/first_paint empty | xargs | awk '{
   printf "| first paint | %.3f s | empty Qt window %.3f s | %.2f | 0.77 | %.2f times the memory |\n",
     $1, $3, $3 / $1, $2 / $4 }'
 
@@ -77,7 +72,7 @@ echo "$paint $peer" | awk '{
 
 # The handler alone, in a process that has run it before: a short run is mostly the start.
 handler() {
-  for run in $(seq "$runs"); do $commands again "$@"; done | sort -n | sed -n "$(((runs + 1) / 2))p" |
+  for _ in $(seq "$runs"); do $commands again "$@"; done | sort -n | sed -n "$(((runs + 1) / 2))p" |
     cut -d' ' -f1
 }
 echo
@@ -93,4 +88,4 @@ for work in use lookup listing; do
   done
   echo ' |'
 done
-rm -f $out
+rm -f $out $theirs

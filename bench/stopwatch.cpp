@@ -1,5 +1,6 @@
-// stopwatch RUNS COMMAND...: runs a command that often and prints the median of the seconds it took
-// and the most kilobytes it held. What the command prints goes nowhere.
+// stopwatch RUNS COMMAND... [-- COMMAND...]: runs each command that often, one after the other in
+// turn, since the speed of a machine changes from minute to minute. Prints for each a line with the
+// median of the seconds it took and the most kilobytes it held. What they print goes nowhere.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -9,6 +10,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -41,12 +44,19 @@ Measure Run(char** command) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count < 3) return 2;
-  std::vector<Measure> runs;
-  for (int run = std::atoi(arguments[1]); run > 0; --run) runs.push_back(Run(arguments + 2));
-  std::sort(runs.begin(), runs.end(),
-            [](const Measure& a, const Measure& b) { return a.seconds < b.seconds; });
-  long most = 0;
-  for (const Measure& run : runs) most = std::max(most, run.kilobytes);
-  std::printf("%.4f %ld\n", runs[runs.size() / 2].seconds, most);
+  std::vector<std::pair<char**, std::vector<Measure>>> commands;
+  for (int at = 2; at < count; ++at) {
+    if (at == 2 || arguments[at - 1] == nullptr) commands.push_back({arguments + at, {}});
+    if (std::strcmp(arguments[at], "--") == 0) arguments[at] = nullptr;  // where a command ends
+  }
+  if (commands.empty()) return 2;
+  for (int run = std::atoi(arguments[1]); run > 0; --run)
+    for (auto& [command, runs] : commands) runs.push_back(Run(command));
+  for (auto& [command, runs] : commands) {
+    std::sort(runs.begin(), runs.end(),
+              [](const Measure& a, const Measure& b) { return a.seconds < b.seconds; });
+    long most = 0;
+    for (const Measure& run : runs) most = std::max(most, run.kilobytes);
+    std::printf("%.4f %ld\n", runs[runs.size() / 2].seconds, most);
+  }
 }
