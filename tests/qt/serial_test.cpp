@@ -184,7 +184,8 @@ TEST_F(Serial, BringsPlacesOnScreen) {
   mode->click();
   EXPECT_TRUE(other_.SetCommPort(32) && other_.Open()) << "a pause lets go of the port";
 
-  // A receiver that is unplugged leaves the caption; the next click is for setting up anew.
+  // A receiver that is unplugged leaves the caption; the next click is for setting up anew, the one
+  // behind it pauses as ever.
   mode->click();
   ports->setEditText("COM11");
   open->click();
@@ -193,6 +194,9 @@ TEST_F(Serial, BringsPlacesOnScreen) {
   EXPECT_EQ(mode->text(), "Pause Real Time");
   mode->click();
   EXPECT_TRUE(program.setUp.isVisible());
+  EXPECT_EQ(mode->text(), "Pause Real Time");
+  mode->click();
+  EXPECT_EQ(mode->text(), "Resume real time");
 }
 
 }  // namespace
