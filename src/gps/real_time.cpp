@@ -9,8 +9,8 @@ void ClosePort(Workspace& w) {
   if (serial.IsOpen()) serial.Close();
 }
 
-// The mode runs but its device has gone away, which closes the port and nothing else. Once the set-up
-// window stands there, another is being set up.
+// The mode runs but its device has gone away, which closes the port and nothing else. Once the
+// set-up window stands there, another is being set up.
 bool HasLostDevice(Workspace& w) {
   return w.Tarnwick.UseNMEA.caption == kPauseCaption && !w.SetUpCom.visible &&
          !w.platform.Serial().IsOpen();

@@ -127,7 +127,8 @@ void FramedWindow::moveEvent(QMoveEvent* event) {
 
 void FramedWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (!IsUsersDoing()) return;
+  // A size that comes from within is the layout's.
+  if (!event->spontaneous() || !IsUsersDoing()) return;
   shown_.width = state_.width = static_cast<float>(width()) * kTwipsPerPixel;
   shown_.height = state_.height = static_cast<float>(height()) * kTwipsPerPixel;
 }

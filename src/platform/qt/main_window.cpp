@@ -200,6 +200,15 @@ void MainWindowView::ShowListing() {
   if (mirror_.w.Tarnwick.MakeList.visible) listing_->show();
 }
 
+// Qt would take the window's proxy for the widget at the window's place in the chain, which is
+// before the field above the input box: going on by Tab never came to that.
+bool MainWindowView::focusNextPrevChild(bool next) {
+  setFocusProxy(nullptr);
+  const bool moved = FramedWindow::focusNextPrevChild(next);
+  setFocusProxy(widgets_["InputText"]);
+  return moved;
+}
+
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == widgets_["NGRText"]) {
     // The caption "Loc ... NGR" is one text, but each word stands over its field.

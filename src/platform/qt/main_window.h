@@ -15,6 +15,7 @@ class MainWindowView : public FramedWindow {
   QPoint PlaceFor(QPoint wanted) const override;
   void ShowSize() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void LetKeysBeginAnew();

@@ -206,7 +206,11 @@ void Mirror::Bind(WindowName /*window*/, const char* name, ComboBox& state, QCom
       box->clear();
       for (const std::string& item : state.items) box->addItem(ToQt(item));
     }
-    if (box->currentText() != ToQt(state.text)) box->setEditText(ToQt(state.text));
+    // The arrow keys go on from the entry that is shown; a text that is none stands before the
+    // first.
+    const QString text = ToQt(state.text);
+    box->setCurrentIndex(box->findText(text));
+    if (box->currentText() != text) box->setEditText(text);
     box->setEnabled(state.enabled);
     box->setVisible(state.visible);
   });

@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QFontDatabase>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
@@ -65,6 +66,16 @@ void EntriesView::focusInEvent(QFocusEvent* event) {
   if (!selectionModel()->hasSelection()) setCurrentIndex({});
 }
 
+// Beside the entries nothing is selected and what is stays so.
+void EntriesView::mousePressEvent(QMouseEvent* event) {
+  if (indexAt(event->position().toPoint()).isValid()) QListView::mousePressEvent(event);
+}
+
+void EntriesView::mouseDoubleClickEvent(QMouseEvent* event) {
+  QListView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && onDoubleClick) onDoubleClick();
+}
+
 void EntriesView::resizeEvent(QResizeEvent* event) {
   FitColumns();
   QListView::resizeEvent(event);
@@ -97,7 +108,7 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
     mirror_.w.ShowList.PR.index = selected.isEmpty() ? -1 : selected.front().row();
   });
   static constexpr Handler kPick{WindowName::ShowList, "PR", ShowList::PR_DblClick, true};
-  connect(view_, &QListView::doubleClicked, this, [this] { mirror_.Run(kPick); });
+  view_->onDoubleClick = [this] { mirror_.Run(kPick); };
   mirror.OnShow([this] { ShowList(); });
 }
 

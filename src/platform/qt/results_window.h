@@ -3,6 +3,7 @@
 
 #include <QAbstractListModel>
 #include <QListView>
+#include <functional>
 
 #include "platform/qt/framed_window.h"
 #include "platform/qt/widgets.h"
@@ -28,9 +29,13 @@ class EntriesView : public QListView {
   void SetColumns(int columns);
   // Pixels that an entry of the greatest length takes.
   int EntryWidth() const;
+  // What a double click does, on an entry or beside them all.
+  std::function<void()> onDoubleClick;
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -21,12 +21,9 @@ SetUpWindowView::SetUpWindowView(Mirror& mirror)
   // An entry's tool tip is its device. The text behind "COM" is the number.
   auto* ports = widgets_.As<QComboBox>("CPort");
   mirror.OnShow([ports] {
-    // The box takes new data of the current entry for a reason to show that entry.
-    const QString text = ports->currentText();
     for (int i = 0; i < ports->count(); ++i)
       if (!ports->itemData(i, Qt::ToolTipRole).isValid())
         ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
-    if (ports->currentText() != text) ports->setEditText(text);
   });
   setFocusProxy(ports);
   ResizeToDesign();
