@@ -1,11 +1,12 @@
 #!/bin/sh
-# Builds the static Qt for Windows into the folder named, once: a quarter of an hour on two cores.
-# The source is Debian's own, in the version of the qt6-base-dev that is installed here, because Qt
-# is built with the tools of a Qt of the same version.
+# Builds the static Qt for Windows into the folder named, unless it is there: a quarter of an hour on
+# two cores. The source is Debian's own, in the version of the qt6-base-dev that is installed here,
+# because Qt is built with the tools of a Qt of the same version.
 set -eu
 cd "$(dirname "$0")"
 prefix=$1
-[ ! -e "$prefix/complete" ] || exit 0
+version=$(dpkg-query -W -f '${source:Version}' qt6-base-dev)
+! grep -qsxF "$version" "$prefix/complete" || exit 0
 
 work=$prefix.work
 rm -rf "$work" "$prefix"
@@ -19,7 +20,6 @@ apt_here() {
     -o Dir::State::lists="$work/lists" -o Dir::Cache="$work/cache" -o APT::Sandbox::User= "$@"
 }
 apt_here update
-version=$(dpkg-query -W -f '${source:Version}' qt6-base-dev)
 (cd "$work" && apt_here source "qt6-base=$version")
 source=$(echo "$work"/qt6-base-*/)
 
@@ -39,4 +39,4 @@ mkdir "$prefix/licences"
 cp "$source"/LICENSES/* "$prefix/licences/"
 cp "$source/debian/copyright" "$prefix/licences/COPYRIGHT.txt"
 rm -rf "$work"
-touch "$prefix/complete"
+echo "$version" >"$prefix/complete"
