@@ -107,6 +107,7 @@ std::string RecordsFrom(std::mt19937& random, int count) {
   return records;
 }
 
+// A distance of nullptr is that of the last record.
 struct Restriction {
   const char *minimum, *maximum, *from, *to, *name;
 };
@@ -122,13 +123,15 @@ TEST(Listing, FastRowsAreThePlainOnes) {
                                "52N 361W",       "50.06N 5.7W",   "51.518836S 179.871003E",
                                "51.18N 1.0006W", "10N 179.9W"};
   const Restriction runs[] = {
-      {"0", "99999", "0", "360", ""},  {"", "20", "0", "360", ""},
-      {"5", "50", "350", "10", ""},    {"100", "9999", "45", "225.5", "ill"},
-      {"0", "99999", "90", "90", ""},  {"19000", "99999", "0", "180", "t"},
-      {"0", "16.2", "0", "360", "To"}, {"300", "400", "180", "0", ""}};
+      {"0", "99999", "0", "360", ""},     {"", "20", "0", "360", ""},
+      {"5", "50", "350", "10", ""},       {"100", "9999", "45", "225.5", "ill"},
+      {"0", "99999", "90", "90", ""},     {"19000", "99999", "0", "180", "t"},
+      {"0", "16.2", "0", "360", "To"},    {"300", "400", "180", "0", ""},
+      {nullptr, "99999", "0", "360", ""}, {"0", nullptr, "0", "360", ""}};
   std::size_t rows = 0;
   for (const char* home : homes) {
     std::ofstream(database, std::ios::binary) << RecordsFrom(random, records);
+    std::string last;
     for (const auto& [minimum, maximum, from, to, name] : runs) {
       HeadlessPlatform platform;
       Workspace plain(platform);
@@ -140,16 +143,18 @@ TEST(Listing, FastRowsAreThePlainOnes) {
         SetHome_Click(*w);
         main.LocDatabase.text = database;
         main.ListFileName.text = folder + "/List.txt";
-        main.MinDisttext.text = minimum;
-        main.MaxDistText.text = maximum;
+        main.MinDisttext.text = minimum != nullptr ? minimum : last;
+        main.MaxDistText.text = maximum != nullptr ? maximum : last;
         main.FromBearText.text = from;
         main.ToBearText.text = to;
         main.Srchtext.text = name;
       }
       const std::string expected = PlainRows(plain);
       MakeList_Click(fast);
-      ASSERT_TRUE(RowsOfFile(folder + "/List.txt") == expected) << home << ", " << maximum;
-      ASSERT_EQ(StateOf(fast), StateOf(plain)) << home << ", " << maximum;
+      ASSERT_TRUE(RowsOfFile(folder + "/List.txt") == expected)
+          << home << ", " << fast.Tarnwick.MaxDistText.text;
+      ASSERT_EQ(StateOf(fast), StateOf(plain)) << home << ", " << fast.Tarnwick.MaxDistText.text;
+      last = NumberToText(plain.Dist.number);
       rows += expected.size() / (kRowLength + 2);
     }
   }
