@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <optional>
 
 #include "geo/angles.h"
@@ -47,7 +48,7 @@ constexpr std::size_t kLocatorSquares = kFields * kFields * 100;
 
 // A position as the decoders would be given it.
 struct Reference {
-  std::array<char, 12> text;
+  std::array<char, 16> text;
   std::size_t length = 0;
   bool onGrid = false;  // a grid reference, else a locator
   std::string_view View() const { return {text.data(), length}; }
@@ -61,8 +62,8 @@ bool IsIn(char c, char first, char last) {
 }
 
 bool IsGridReference(std::string_view text) {
-  return text.size() % 2 == 0 && IsIn(text[0], 'A', 'Z') && IsIn(text[1], 'A', 'Z') &&
-         std::all_of(text.begin() + 2, text.end(), IsDigit);
+  return text.size() % 2 == 0 && text.size() <= 12 && IsIn(text[0], 'A', 'Z') &&
+         IsIn(text[1], 'A', 'Z') && std::all_of(text.begin() + 2, text.end(), IsDigit);
 }
 
 bool IsLocator(std::string_view text) {
@@ -78,12 +79,12 @@ bool IsLocator(std::string_view text) {
 // neither a grid reference nor a locator of the usual length and letters.
 std::optional<Reference> ReferenceOf(std::string_view position) {
   Reference reference;
+  if (position.size() > reference.text.size()) return {};
   std::size_t length = 0;
   for (std::size_t i = 0; i < position.size(); ++i) {
     const char c = position[i];
-    if (c == ' ' && i >= 4) continue;
-    if (length == reference.text.size()) return {};
-    reference.text[length++] = IsIn(c, 'a', 'z') ? static_cast<char>(c - 32) : c;
+    reference.text[length] = IsIn(c, 'a', 'z') ? static_cast<char>(c - 32) : c;
+    length += c != ' ' || i < 4;  // no branch: where the blanks stand can't be foreseen
   }
   reference.length = length;
   const std::string_view text = reference.View();
@@ -191,15 +192,13 @@ void Put(std::string& row, std::size_t column, std::string_view item) {
 
 // Tenths as FormatPicture writes them under "####0.0"; returns where the text ends.
 char* PutTenths(char* at, int tenths) {
-  std::array<char, 8> digits;
-  std::size_t first = digits.size();
-  const auto put = [&](char c) { digits[--first] = c; };
-  put(static_cast<char>('0' + tenths % 10));
-  put('.');
-  tenths /= 10;
-  do put(static_cast<char>('0' + tenths % 10));
-  while ((tenths /= 10) > 0);
-  return std::copy(digits.begin() + static_cast<std::ptrdiff_t>(first), digits.end(), at);
+  char* end = at + 3;  // a unit, the point and the tenth
+  for (int least = 100; tenths >= least; least *= 10) ++end;
+  char* digit = end;
+  *--digit = static_cast<char>('0' + tenths % 10);
+  *--digit = '.';
+  while (digit != at) *--digit = static_cast<char>('0' + (tenths /= 10) % 10);
+  return end;
 }
 
 // The locator of a place, or false where a cell's edge is too near.
@@ -248,6 +247,7 @@ RowVerdict PutFigures(FastRows& fast, const PatchValues& values, double lon) {
   const double east = std::fabs(values[kEast]);
   const double sinArc = std::sqrt(std::max(0.0, 1 - cosArc * cosArc));
   if (sinArc < kLeastSinArc || sinArc * east < kLeastSinArcTimesEast) return RowVerdict::Unknown;
+  if (cosArc < fast.cosBeyond) return RowVerdict::Dropped;
   const double distance = std::atan2(sinArc, cosArc) * kEarthRadius;
   const Limits& limits = fast.limits;
   if (IsNear(distance, limits.minimum) || IsNear(distance, limits.maximum))
@@ -366,7 +366,9 @@ FastRows FastRowsFor(const Workspace& w, const Limits& limits) {
                 .homeLat = w.BaseLat,
                 .homeLon = w.BaseLong,
                 .sinHome = Sine(p1),
-                .cosHome = Cosine(p1)};
+                .cosHome = Cosine(p1),
+                .cosBeyond = Cosine(
+                    std::min((limits.maximum + kLimitMargin) / kEarthRadius, std::numbers::pi))};
   fast.numbers.resize(kGridSquares + kLocatorSquares);
   return fast;
 }

@@ -36,6 +36,7 @@ struct FastRows {
   const Limits& limits;
   double homeLat = 0, homeLon = 0;       // degrees
   double sinHome = 0, cosHome = 1;       // of the latitude
+  double cosBeyond = -1;                 // of an arc that is surely too long to be listed
   std::vector<std::uint16_t> numbers{};  // of all the squares there could be; 0 for one not met yet
   std::vector<FastSquare> squares{};     // those met, by number, from 1
   int patches = 0;

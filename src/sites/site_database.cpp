@@ -68,10 +68,10 @@ SiteLine SplitSiteLine(std::string_view line) {
   return {true, line.substr(0, first), line.substr(first + 1, second - first - 1)};
 }
 
-// The marker is nine characters long, so a look at every eighth clears most lines.
+// The marker is nine characters long, so a look at every ninth clears most lines.
 bool HoldsEndMarker(std::string_view line) {
   bool suspect = false;
-  for (std::size_t i = 8; i < line.size(); i += 8)
+  for (std::size_t i = 8; i < line.size(); i += 9)
     suspect |= line[i] == 'E' || line[i] == 'N' || line[i] == 'D';
   return suspect && line.find("ENDENDEND") != std::string_view::npos;
 }
