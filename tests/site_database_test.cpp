@@ -97,6 +97,17 @@ std::pair<std::string, std::string> PlainUse(const std::vector<std::string>& lin
   return {sought, name};
 }
 
+TEST_F(Database, FindsTheEndMarkerWhereverItStands) {
+  for (std::size_t before = 0; before < 20; ++before) {
+    for (std::size_t behind = 0; behind < 3; ++behind) {
+      const std::string start(before, '~');
+      const std::string end(behind, 'E');
+      EXPECT_TRUE(HoldsEndMarker(start + "ENDENDEND" + end)) << before << " " << behind;
+      EXPECT_FALSE(HoldsEndMarker(start + "ENDENDEN" + end)) << before << " " << behind;
+    }
+  }
+}
+
 TEST_F(Database, PassingOverLinesChangesNothing) {
   std::mt19937 random(1);
   const char* const pieces[] = {"\r\n",  "\r\n",      "\r",   "\n",
