@@ -93,6 +93,11 @@ void DropFalse(std::uint64_t& places, const char* at, const char* end,
 
 // The start of the line in which `at` stands, or `from` if it starts before.
 const char* LineStart(const char* from, const char* at) {
+  while (static_cast<std::size_t>(at - from) >= kBlock) {
+    const std::uint64_t returns = Where(at - kBlock, kReturn);
+    if (returns != 0) return at - std::countl_zero(returns);
+    at -= kBlock;
+  }
   while (at != from && at[-1] != '\r') --at;
   return at;
 }
@@ -128,8 +133,9 @@ void TakeName(const DatabaseHandle& database, const char* start, std::string& si
 std::size_t PassOverLines(DatabaseHandle& database, const CaseBlindText& sought) {
   const char* at = database.buffer.data() + database.at;
   const char* end = database.buffer.data() + database.end;
+  const CharacterPair rarest = sought.rarest;  // a copy, which the compiler need not read again
   for (; at < end; at += kBlock) {
-    std::uint64_t places = Where(at, sought.rarest);
+    std::uint64_t places = Where(at, rarest);
     DropFalse(places, at, end, sought);
     if (places != 0) return MoveTo(database, std::min(at + std::countr_zero(places), end));
   }
@@ -141,8 +147,9 @@ void PassOverSites(DatabaseHandle& database, const CaseBlindText& sought, std::s
   const char* end = database.buffer.data() + database.end;
   bool lacking = true;
   const char* at = from;
+  const CharacterPair rarest = sought.rarest;
   for (std::uint64_t found = 0; at < end; at += kBlock) {
-    std::uint64_t places = Where(at, sought.rarest);
+    std::uint64_t places = Where(at, rarest);
     DropFalse(places, at, end, sought);
     found = ReturnsWithoutTilde(at, lacking) | places | Where(at, kEndMarker);
     if (found == 0) continue;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -12,10 +13,10 @@
 class Entries {
  public:
   void Add(std::string_view text) {
-    if (size_ % kPage == 0) pages_.emplace_back();
+    if (size_ % kPage == 0) pages_.emplace_back().texts.reserve(kPage * kUsualLength);
     Page& page = pages_.back();
     page.texts += text;
-    page.ends[size_++ % kPage] = page.texts.size();
+    page.ends[size_++ % kPage] = static_cast<std::uint32_t>(page.texts.size());
   }
   std::size_t size() const { return size_; }
   // Holds until the next is added; there must be such an entry.
@@ -28,9 +29,10 @@ class Entries {
 
  private:
   static constexpr std::size_t kPage = 1024;
+  static constexpr std::size_t kUsualLength = 28;  // to which a lookup cuts them
   struct Page {
     std::string texts{};  // one behind another
-    std::array<std::size_t, kPage> ends{};
+    std::array<std::uint32_t, kPage> ends{};
     bool operator==(const Page&) const = default;
   };
   std::deque<Page> pages_;
