@@ -11,10 +11,10 @@
 #include <string_view>
 
 #include "platform/headless/headless.h"
-#include "sites/listing.h"
-#include "sites/site_database.h"
-#include "workspace/home_station.h"
-#include "workspace/use_this.h"
+#include "sites/listing/listing.h"
+#include "sites/lookup/lookup.h"
+#include "workspace/commands/home_station.h"
+#include "workspace/commands/use_this.h"
 
 int main(int count, char** arguments) {
   HeadlessPlatform platform;

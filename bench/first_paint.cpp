@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/qt/program.h"
+#include "platform/qt/application.h"
 
 namespace {
 

@@ -10,7 +10,8 @@
 
 #include "geo/grid_decoder.h"
 #include "geo/grid_encoder.h"
-#include "geo/patch.h"
+#include "geo/local_polynomials.h"
+#include "geo/national_grid.h"
 
 namespace {
 

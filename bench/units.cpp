@@ -7,11 +7,15 @@
 #include "geo/lat_long_display.h"
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"
+#include "geo/national_grid.h"
 #include "platform/headless/headless.h"
-#include "sites/fast_rows.h"
-#include "sites/listing_rows.h"
-#include "workspace/classify_input.h"
-#include "workspace/use_this.h"
+#include "sites/database/site_line.h"
+#include "sites/listing/fast_listing.h"
+#include "sites/listing/listing_row.h"
+#include "workspace/commands/classify_input.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/strings.h"
 
 namespace {
 

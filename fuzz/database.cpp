@@ -2,7 +2,9 @@
 //   Input  a line with the text that is sought, then the file. In it \x1D and a character stand for
 //          so many of that character that lines reach their longest and cross the read buffer.
 #include "fuzz/invariants.h"
-#include "sites/listing.h"
+#include "sites/database/line_reader.h"
+#include "sites/listing/listing.h"
+#include "sites/lookup/lookup.h"
 
 namespace {
 

@@ -14,12 +14,13 @@
 #include <vector>
 
 #include "geo/locator.h"
+#include "platform/code_page.h"
 #include "platform/headless/headless.h"
-#include "platform/single_byte.h"
-#include "sites/site_database.h"
-#include "workspace/home_station.h"
-#include "workspace/startup.h"
-#include "workspace/use_this.h"
+#include "sites/lookup/lookup.h"
+#include "workspace/commands/home_station.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/events/start_and_exit.h"
+#include "workspace/record/control_tables.h"
 
 inline void Require(bool holds, const char* what) {
   if (holds) return;
@@ -87,7 +88,7 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
   };
   const auto window = [&text](const auto& shown) {
     text(shown.caption);
-    shown.EachControl(shown, [&text](const char* /*name*/, const auto& control) {
+    EachControl(shown, [&text](const char* /*name*/, const auto& control) {
       if constexpr (requires { control.text; }) text(control.text);
       if constexpr (requires { control.caption; }) text(control.caption);
     });
@@ -98,7 +99,7 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
   window(w.BearingCalc);
   window(w.ShowList);
   window(w.SetUpCom);
-  const Entries& entries = w.ShowList.PR.items;
+  const ListEntries& entries = w.ShowList.PR.items;
   for (std::size_t i = 0; i < entries.size(); ++i)
     Require(entries[i].size() <= kEntryLength, "entries have 28 characters at most");
   for (const double number : {w.Lat, w.Lon, w.BaseLat, w.BaseLong, w.Resolution, w.Baseresolution,

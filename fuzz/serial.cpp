@@ -2,7 +2,9 @@
 //   Input  a character that seeds the sizes of the chunks and whose lowest bit gives a home
 //          station; then the stream.
 #include "fuzz/invariants.h"
+#include "gps/nmea_receiver.h"
 #include "gps/port_setup.h"
+#include "workspace/events/start_and_exit.h"
 
 namespace {
 
@@ -10,7 +12,7 @@ const std::string kGoodSentence =
     "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 
 void FeedAndCheck(Program& program, const std::string& chunk, std::size_t fed) {
-  Bounded([&] { Feed(program.w, program.platform, chunk); });
+  Bounded([&] { Feed(program.platform.serial, chunk); });
   CheckRecord(program.w, fed);
   CheckPlace(program.w);
 }
@@ -21,6 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   Program program;
   program.platform.serial.ports = {9};
+  program.platform.serial.onComm = [&] { SetUpCom::MSComm1_OnComm(program.w); };
   program.platform.StoreSetting("CPort", "CP", "COM9");
   if (*data % 2 == 1) {
     program.platform.StoreSetting("Home", "Lat", "51.5");

@@ -2,6 +2,7 @@
 //   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, a line
 //          each; a line with a ! alone leaves that setting out.
 #include "fuzz/invariants.h"
+#include "workspace/events/start_and_exit.h"
 
 namespace {
 

@@ -12,14 +12,14 @@
 #include <sstream>
 #include <thread>
 
+#include "gps/nmea_receiver.h"
 #include "gps/port_setup.h"
 #include "platform/headless/headless.h"
-#include "sites/listing.h"
-#include "sites/results.h"
-#include "sites/site_database.h"
-#include "workspace/startup.h"
-#include "workspace/use_this.h"
-#include "workspace/window_modes.h"
+#include "sites/listing/listing.h"
+#include "sites/lookup/lookup.h"
+#include "sites/lookup/results.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/events/start_and_exit.h"
 
 namespace {
 
@@ -194,13 +194,14 @@ TEST_F(Faults, ALongRunTakesNoMoreThanAShortOne) {
   platform.StoreSetting("Home", "Long", "0");
   Form_Load(w);
   SetUpCom::Command1_Click(w);
+  platform.serial.onComm = [this] { SetUpCom::MSComm1_OnComm(w); };
   const auto hours = [this](int count) {
     for (int second = 0; second < count * 3'600; ++second) {
       char sentence[80];
       std::snprintf(sentence, sizeof sentence,
                     "$GPRMC,%06d,A,%02d30.%03d,N,00%d15.%03d,W,000.0,000.0,231126,,*00\r\n",
                     second % 240'000, 49 + second % 12, second % 1'000, second % 8, second % 997);
-      Feed(w, platform, sentence);
+      Feed(platform.serial, sentence);
       ASSERT_EQ(w.Tarnwick.LocText.text.size(), 10U) << sentence;
     }
     w.Tarnwick.InputText.text = "Site";

@@ -11,10 +11,13 @@
 #include "geo/grid_decoder.h"
 #include "geo/grid_encoder.h"
 #include "geo/lat_long_parser.h"
+#include "geo/local_polynomials.h"
 #include "geo/locator.h"
-#include "geo/patch.h"
+#include "geo/national_grid.h"
 #include "geo/trigonometry.h"
 #include "platform/headless/headless.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/strings.h"
 
 namespace {
 

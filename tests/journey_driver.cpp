@@ -7,12 +7,14 @@
 #include <unordered_map>
 
 #include "gps/nmea_receiver.h"
-#include "platform/drive_path.h"
+#include "platform/code_page.h"
+#include "platform/drive_paths.h"
 #include "platform/headless/headless.h"
-#include "platform/single_byte.h"
-#include "sites/results.h"
-#include "workspace/handlers.h"
-#include "workspace/startup.h"
+#include "workspace/events/event_table.h"
+#include "workspace/events/start_and_exit.h"
+#include "workspace/record/control_tables.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/strings.h"
 
 namespace {
 
@@ -179,7 +181,7 @@ void EachOfWindow(const std::string& name, const Window& window, auto&& show) {
   show(name + ".height", Value(window.height));
   show(name + ".loaded", Value(window.loaded));
   show(name + ".visible", Value(window.visible));
-  Window::EachControl(window, [&](const char* control, const auto& state) {
+  EachControl(window, [&](const char* control, const auto& state) {
     EachProperty(name + "." + control, state, show);
     if constexpr (requires { window.defaultButton; })
       if constexpr (requires { window.*window.defaultButton == state; })
@@ -188,10 +190,9 @@ void EachOfWindow(const std::string& name, const Window& window, auto&& show) {
 }
 
 void EachValue(const Workspace& w, auto&& show) {
-  EachOfWindow("Tarnwick", w.Tarnwick, show);
-  EachOfWindow("BearingCalc", w.BearingCalc, show);
-  EachOfWindow("ShowList", w.ShowList, show);
-  EachOfWindow("SetUpCom", w.SetUpCom, show);
+  EachWindow(w, [&](WindowName, const char* name, const auto& window) {
+    EachOfWindow(name, window, show);
+  });
   show("Record.Lat", Value(w.Lat));
   show("Record.Lon", Value(w.Lon));
   show("Record.BaseLat", Value(w.BaseLat));
@@ -243,35 +244,30 @@ void Show(Session& session, std::ostream& out) {
 // Calls act(window, windowName, controlName, control) for every control of that name; "Window.Name"
 // means the one of that window.
 void ForControl(Workspace& w, std::string_view name, auto&& act) {
-  const auto in = [&](auto& window, WindowName windowName, std::string_view title) {
+  EachWindow(w, [&](WindowName windowName, std::string_view title, auto& window) {
     std::string_view wanted = name;
     if (wanted.substr(0, title.size() + 1) == std::string(title) + ".")
       wanted.remove_prefix(title.size() + 1);
-    std::remove_reference_t<decltype(window)>::EachControl(
-        window, [&](std::string_view control, auto& state) {
-          if (control == wanted) act(window, windowName, control, state);
-        });
-  };
-  in(w.Tarnwick, WindowName::Tarnwick, "Tarnwick");
-  in(w.BearingCalc, WindowName::BearingCalc, "BearingCalc");
-  in(w.ShowList, WindowName::ShowList, "ShowList");
-  in(w.SetUpCom, WindowName::SetUpCom, "SetUpCom");
+    EachControl(window, [&](std::string_view control, auto& state) {
+      if (control == wanted) act(window, windowName, control, state);
+    });
+  });
 }
 
 void Click(Workspace& w, std::string_view name) {
-  const Handler* handler = nullptr;
+  const Event* event = nullptr;
   ForControl(w, name, [&](auto& window, WindowName windowName, auto control, auto& state) {
     if constexpr (requires { state.enabled; }) {
       if (!window.visible || !state.visible || !state.enabled) return;
       if constexpr (requires { state.checked; }) state.checked = !state.checked;
-      if (handler == nullptr) handler = ClickHandler(windowName, control);
+      if (event == nullptr) event = FindEvent(windowName, control, UserAction::Click);
     }
   });
-  if (handler != nullptr) handler->run(w);
+  if (event != nullptr) event->run(w);
 }
 
 void PressDefaultButton(Workspace& w) {
-  MainWindow::EachControl(w.Tarnwick, [&](const char* name, auto& state) {
+  EachControl(w.Tarnwick, [&](const char* name, auto& state) {
     if constexpr (requires { &(w.Tarnwick.*w.Tarnwick.defaultButton) == &state; })
       if (&(w.Tarnwick.*w.Tarnwick.defaultButton) == &state)
         return Click(w, std::string("Tarnwick.") + name);
@@ -300,10 +296,9 @@ bool Select(Workspace& w, std::string_view row) {
 }
 
 void CloseByFrame(Workspace& w, std::string_view window) {
-  if (window == "Tarnwick" && w.Tarnwick.loaded) Form_Unload(w);
-  if (window == "BearingCalc") w.BearingCalc.visible = false;
-  if (window == "SetUpCom") w.SetUpCom.visible = false;
-  if (window == "ShowList") w.ShowList = {};
+  EachWindow(w, [&](WindowName name, const char* title, const auto& state) {
+    if (window == title && state.loaded) CloseFrameEvent(name).run(w);
+  });
 }
 
 std::string_view TakeWord(std::string_view& rest) {
@@ -328,6 +323,7 @@ bool ActBeforeStart(Session& session, std::string_view action, std::string_view 
   } else if (action == "start") {
     if (session.w && session.w->Tarnwick.loaded) return true;
     session.w = std::make_unique<Workspace>(session.platform);
+    session.platform.serial.onComm = [&w = *session.w] { SetUpCom::MSComm1_OnComm(w); };
     Form_Load(*session.w);
   } else {
     return false;
@@ -349,9 +345,9 @@ bool ActAfterStart(Session& session, std::string_view action, std::string_view r
   } else if (action == "select") {
     (void)Select(w, rest);
   } else if (action == "pick") {
-    if (Select(w, rest)) ShowList::PR_DblClick(w);
+    if (Select(w, rest)) FindEvent(WindowName::ShowList, "PR", UserAction::DoubleClick)->run(w);
   } else if (action == "feed") {
-    Feed(w, session.platform, Unescaped(rest));
+    Feed(session.platform.serial, Unescaped(rest));
   } else if (action == "frame") {
     CloseByFrame(w, rest);
   } else if (action == "close") {

@@ -30,7 +30,7 @@
 #include <string>
 #include <string_view>
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // A TEXT in the single-byte set, its escapes taken out.
 std::string Unescaped(std::string_view text);

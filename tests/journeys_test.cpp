@@ -25,6 +25,7 @@
 
 #include "journey_driver.h"
 #include "platform/headless/headless.h"
+#include "workspace/values/number_text.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "sites/listing.h"
+#include "sites/listing/listing.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -10,9 +10,12 @@
 #include <random>
 
 #include "platform/headless/headless.h"
-#include "sites/listing_rows.h"
-#include "workspace/home_station.h"
-#include "workspace/use_this.h"
+#include "sites/database/line_reader.h"
+#include "sites/database/site_line.h"
+#include "sites/listing/listing_row.h"
+#include "workspace/commands/home_station.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/values/number_text.h"
 
 namespace {
 

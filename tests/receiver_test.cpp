@@ -12,10 +12,11 @@
 #include <random>
 #include <sstream>
 
+#include "gps/nmea_receiver.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "platform/headless/headless.h"
-#include "workspace/startup.h"
+#include "workspace/events/start_and_exit.h"
 
 namespace {
 
@@ -24,6 +25,7 @@ struct Program {
   Program() {
     platform.driveC = "/nonexistent";
     platform.serial.ports = {9};
+    platform.serial.onComm = [this] { SetUpCom::MSComm1_OnComm(w); };
     platform.StoreSetting("CPort", "CP", "COM9");
     Form_Load(w);
     SetUpCom::Command1_Click(w);
@@ -31,7 +33,7 @@ struct Program {
   }
   std::string Box() const { return w.Tarnwick.InputText.text; }
   std::string Place() const { return std::to_string(w.Lat) + " " + std::to_string(w.Lon); }
-  void Feed(const std::string& characters) { ::Feed(w, platform, characters); }
+  void Feed(const std::string& characters) { ::Feed(platform.serial, characters); }
 
   HeadlessPlatform platform;
   Workspace w{platform};

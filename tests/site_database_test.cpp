@@ -1,4 +1,4 @@
-#include "sites/site_database.h"
+#include "sites/database/line_reader.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,9 +11,13 @@
 #include "geo/grid_decoder.h"
 #include "geo/locator.h"
 #include "platform/headless/headless.h"
-#include "sites/listing.h"
-#include "workspace/classify_input.h"
-#include "workspace/use_this.h"
+#include "sites/database/site_line.h"
+#include "sites/database/text_search.h"
+#include "sites/listing/listing.h"
+#include "sites/lookup/lookup.h"
+#include "workspace/commands/classify_input.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/values/strings.h"
 
 namespace {
 
@@ -102,8 +106,8 @@ TEST_F(Database, FindsTheEndMarkerWhereverItStands) {
     for (std::size_t behind = 0; behind < 3; ++behind) {
       const std::string start(before, '~');
       const std::string end(behind, 'E');
-      EXPECT_TRUE(HoldsEndMarker(start + "ENDENDEND" + end)) << before << " " << behind;
-      EXPECT_FALSE(HoldsEndMarker(start + "ENDENDEN" + end)) << before << " " << behind;
+      EXPECT_TRUE(HasEndMarker(start + "ENDENDEND" + end)) << before << " " << behind;
+      EXPECT_FALSE(HasEndMarker(start + "ENDENDEN" + end)) << before << " " << behind;
     }
   }
 }
@@ -134,7 +138,7 @@ TEST_F(Database, PassingOverLinesChangesNothing) {
       w.Tarnwick.InputText.text = text;
       w.ShowList.PR.items = {};
       SearchDatabase(w);
-      Entries listed;
+      ListEntries listed;
       for (const std::string& line : lines)
         if (UpperOf(line).find(UpperOf(text)) != std::string::npos) listed.Add(line.substr(0, 28));
       ASSERT_EQ(w.ShowList.PR.items, listed) << "round " << round << ", " << text;
@@ -158,7 +162,7 @@ TEST_F(Database, ASecondLookupAddsToThousandsOfEntries) {
   w.Tarnwick.InputText.text = "1023";
   SearchDatabase(w);
   expected.push_back(expected[1023]);
-  const Entries& entries = w.ShowList.PR.items;
+  const ListEntries& entries = w.ShowList.PR.items;
   ASSERT_EQ(entries.size(), expected.size());
   for (std::size_t i = 0; i < entries.size(); ++i) EXPECT_EQ(entries[i], expected[i]);
 }
@@ -179,7 +183,7 @@ TEST_F(Database, TheSampleIsWellFormed) {
   ASSERT_TRUE(OpenDatabase(w));
   std::set<std::string> names;
   std::string_view line;
-  while (ReadLine(w.database, line) && !HoldsEndMarker(line)) {
+  while (ReadLine(w.database, line) && !HasEndMarker(line)) {
     const SiteLine site = SplitSiteLine(line);
     const std::string text(line);
     ASSERT_TRUE(site.isRecord && line.find('\n') == std::string_view::npos) << text;

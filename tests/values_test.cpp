@@ -1,4 +1,7 @@
-#include "workspace/values.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+#include "workspace/values/strings.h"
+#include "workspace/values/untyped_value.h"
 
 #include <gtest/gtest.h>
 
@@ -131,10 +134,6 @@ TEST(Texts, AreCutAndSearchedFromOne) {
   EXPECT_EQ(MidOf("abc", 4), "");
   EXPECT_EQ(MidOf("abc", 2, 9), "bc");
   EXPECT_EQ(LeftOf("abc", -1), "");
-  std::string text = "abc";
-  SetCharAt(text, 3, 'x');
-  SetCharAt(text, 4, 'y');
-  EXPECT_EQ(text, "abx");
 }
 
 }  // namespace

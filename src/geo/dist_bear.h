@@ -1,7 +1,7 @@
 // How the current place lies from the home station, on a sphere.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 inline constexpr double kEarthRadius = 6371.29;  // km
 

@@ -3,15 +3,7 @@
 
 #include <string>
 
-#include "workspace/workspace.h"
-
-// In      easting, northing  m on the National Grid, finite
-// Out     Lat, Lon           degrees on WGS84, always finite
-void GridToWGS84(double easting, double northing, double& Lat, double& Lon);
-
-// The south-west corner, m, of the lettered square. The grid alphabet has no I, which counts as J;
-// letters off the grid give a corner off the grid.
-void CornerOf(char firstLetter, char secondLetter, int& easting, int& northing);
+#include "workspace/record/workspace.h"
 
 // The south-west corner of the square that a reference names.
 // In      ngr   upper case, no blanks: two letters, four digits, and whatever follows. Nothing is

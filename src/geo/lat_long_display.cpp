@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+
 namespace {
 
 constexpr const char* kDegreeSign = "\xB0 ";

@@ -1,7 +1,7 @@
 // The current place as latitude and longitude on screen.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // Writes LLText from Lat and Lon (degrees) in the layout of LLFormat: 0 decimal degrees, 1 degrees
 // and decimal minutes, 2 degrees, minutes and decimal seconds. Minutes or seconds that round up to

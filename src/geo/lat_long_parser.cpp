@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+#include "workspace/values/strings.h"
+
 namespace {
 
 // Turns the marks into blanks and every run of blanks into one.

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // Reads "51 30.5N 1 15.25W", "51°30'15''N, 1°15'30''W", "1.25W 51.5N" and the like. The letters are
 // searched for in the whole text, N before S and E before W, so a stray N or E wins. There is no

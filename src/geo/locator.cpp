@@ -2,6 +2,9 @@
 
 #include "geo/angles.h"
 #include "geo/trigonometry.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+#include "workspace/values/strings.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // The centre of the cell of a locator of 6, 8 or 10 characters as DecodeLocator works it out, and
 // the height of the cell.

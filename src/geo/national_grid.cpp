@@ -1,35 +1,27 @@
 #include "geo/national_grid.h"
 
-#include <cmath>
+#include "geo/datum.h"
+#include "geo/transverse_mercator.h"
+#include "workspace/values/rounding.h"
 
-#include "geo/angles.h"
-#include "geo/trigonometry.h"
-
-double MeridionalArc(double phi) {
-  constexpr double n = kGridN;
-  constexpr double n2 = n * n;
-  constexpr double n3 = n * n * n;
-  constexpr double phi0 = kOriginLat / kDegreesPerRadian;
-  const double difference = phi - phi0;
-  const double sum = phi + phi0;
-  const double a = (1 + n + 5.0 / 4 * n2 + 5.0 / 4 * n3) * difference;
-  const double b = (3 * n + 3 * n2 + 21.0 / 8 * n3) * Sine(difference) * Cosine(sum);
-  const double c = (15.0 / 8 * n2 + 15.0 / 8 * n3) * Sine(2 * difference) * Cosine(2 * sum);
-  const double f = 35.0 / 24 * n3 * Sine(3 * difference) * Cosine(3 * sum);
-  return kBF0 * (a - b + c - f);
+void WGS84ToGrid(double Lat, double Lon, double& easting, double& northing) {
+  double lat = 0;
+  double lon = 0;
+  WGS84ToAiry(Lat, Lon, lat, lon);
+  ProjectToGrid(lat, lon, easting, northing);
 }
 
-Curvature CurvatureAt(double phi) {
-  const double sinPhi = Sine(phi);
-  const double flattening = 1 - kGridESquared * (sinPhi * sinPhi);
-  Curvature at{};
-  at.nu = kAF0 / std::sqrt(flattening);
-  at.rho = at.nu * (1 - kGridESquared) / flattening;
-  at.etaSquared = at.nu / at.rho - 1;
-  return at;
+void GridToWGS84(double easting, double northing, double& Lat, double& Lon) {
+  double lat = 0;
+  double lon = 0;
+  UnprojectFromGrid(easting, northing, lat, lon);
+  AiryToWGS84(Finite(lat), Finite(lon), Lat, Lon);
 }
 
-void ShowEastNorth(Workspace& w, double easting, double northing) {
-  w.Tarnwick.EastNorth.text =
-      "E: " + FormatPicture(easting, "######") + " , N: " + FormatPicture(northing, "######");
+bool IsInGridBox(double Lat, double Lon) {
+  return !(Lat < 49 || Lat > 61 || Lon < -8 || Lon > 1.8);
+}
+
+bool IsOnGrid(double easting, double northing) {
+  return easting > 0 && easting <= kEastEdge && northing > 0 && northing <= kNorthEdge;
 }

@@ -1,37 +1,20 @@
-// What the National Grid encoder and decoder share: the Transverse Mercator projection of Great
-// Britain. Source: Ordnance Survey, "A guide to coordinate systems in Great Britain", annexes A
-// and C. Angles are radians and lengths metres.
+// Places on the National Grid of Great Britain in metres, and where the grid ends.
 #pragma once
 
-#include <string>
+// In   Lat, Lon           degrees on WGS84
+// Out  easting, northing  m on the National Grid; far from it the series mean nothing
+void WGS84ToGrid(double Lat, double Lon, double& easting, double& northing);
 
-#include "workspace/workspace.h"
+// In   easting, northing  m on the National Grid, finite
+// Out  Lat, Lon           degrees on WGS84, always finite
+void GridToWGS84(double easting, double northing, double& Lat, double& Lon);
 
-inline constexpr double kAF0 = 6375020.480988971;  // Airy 1830 semi-axes times the scale factor
-inline constexpr double kBF0 = 6353722.490487913;  // 0.9996012717 of the central meridian
-// The third flattening and the square of the eccentricity, which are those of the ellipsoid.
-inline constexpr double kGridN = (kAF0 - kBF0) / (kAF0 + kBF0);
-inline constexpr double kGridESquared = (kAF0 * kAF0 - kBF0 * kBF0) / (kAF0 * kAF0);
+// Whether a place (degrees on WGS84) lies in the box, edges included, outside which there are no
+// references: 49 to 61 N, 8 W to 1.8 E.
+bool IsInGridBox(double Lat, double Lon);
 
-// The true origin, degrees, and the false coordinates that it has.
-inline constexpr double kOriginLat = 49;
-inline constexpr double kOriginLon = -2;
-inline constexpr double kFalseEasting = 400000;
-inline constexpr double kFalseNorthing = -100000;
-
-inline constexpr double kSquare = 100000;  // side of a lettered square
-
-// Length of the central meridian from the true origin to latitude phi.
-double MeridionalArc(double phi);
-
-// Radii of curvature at a latitude.
-struct Curvature {
-  double nu;          // in the prime vertical
-  double rho;         // in the meridian
-  double etaSquared;  // nu / rho - 1
-};
-// In   phi  latitude, radians.
-Curvature CurvatureAt(double phi);
-
-// Full easting and northing into EastNorth: "E: 531979 , N: 179607".
-void ShowEastNorth(Workspace& w, double easting, double northing);
+// A position inside the box is on the grid if its easting and northing are above 0 and not above
+// these limits, m.
+inline constexpr double kEastEdge = 700000;
+inline constexpr double kNorthEdge = 1400000;
+bool IsOnGrid(double easting, double northing);

@@ -1,6 +1,7 @@
 #include "gps/nmea_receiver.h"
 
-#include "workspace/use_this.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/values/strings.h"
 
 namespace SetUpCom {
 

@@ -1,7 +1,7 @@
 // Positions from a GPS receiver.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 namespace SetUpCom {
 

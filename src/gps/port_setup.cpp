@@ -1,6 +1,8 @@
 #include "gps/port_setup.h"
 
-#include "gps/real_time.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+#include "workspace/values/strings.h"
 
 namespace SetUpCom {
 
@@ -43,8 +45,14 @@ void Command1_Click(Workspace& w) {
     return;
   }
   w.RealTime = kTrue;
+  w.FollowsReceiver = true;
   w.SetUpCom.visible = false;
   w.Tarnwick.UseNMEA.caption = kPauseCaption;
+}
+
+void CloseFrame(Workspace& w) {
+  w.SetUpCom.visible = false;
+  if (!w.platform.Serial().IsOpen()) w.RealTime = kFalse;
 }
 
 }  // namespace SetUpCom

@@ -1,7 +1,7 @@
 // The GPS set-up window: which port and speed, and opening it.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 namespace SetUpCom {
 
@@ -14,5 +14,9 @@ void Form_Load(Workspace& w);
 // Opens the port whose number stands from the fourth character of CPort on, at the speed in Baud,
 // and starts real-time mode; "COM PORT FAIL" in Text1 if that can't be.
 void Command1_Click(Workspace& w);
+
+// Hides the window. If no port is open, setting up ends too, so that the next click on UseNMEA
+// shows the window again.
+void CloseFrame(Workspace& w);
 
 }  // namespace SetUpCom

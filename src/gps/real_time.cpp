@@ -7,13 +7,12 @@ namespace {
 void ClosePort(Workspace& w) {
   SerialControl& serial = w.platform.Serial();
   if (serial.IsOpen()) serial.Close();
+  w.FollowsReceiver = false;
 }
 
-// The mode runs but its device has gone away, which closes the port and nothing else. Once the
-// set-up window stands there, another is being set up.
+// A device that goes away closes its port and changes nothing else.
 bool HasLostDevice(Workspace& w) {
-  return w.Tarnwick.UseNMEA.caption == kPauseCaption && !w.SetUpCom.visible &&
-         !w.platform.Serial().IsOpen();
+  return w.FollowsReceiver && !w.platform.Serial().IsOpen();
 }
 
 }  // namespace
@@ -29,6 +28,7 @@ void UseNMEA_Click(Workspace& w) {
   w.SetUpCom.visible = true;
   w.platform.SetFocus(WindowName::SetUpCom);
   w.RealTime = kTrue;
+  w.FollowsReceiver = false;
   w.SetUpCom.left = w.Tarnwick.width + w.Tarnwick.left - 1000;
   w.SetUpCom.top = w.Tarnwick.top + 1000;
 }

@@ -2,12 +2,7 @@
 // port; RealTime only tells UseNMEA_Click which way to go.
 #pragma once
 
-#include "workspace/workspace.h"
-
-// The captions of UseNMEA say what the next click does.
-inline constexpr const char* kRealTimeCaption = "Real Time GPS";
-inline constexpr const char* kPauseCaption = "Pause Real Time";
-inline constexpr const char* kResumeCaption = "Resume real time";
+#include "workspace/record/workspace.h"
 
 // Off, paused, or running with a device that has gone away: shows the set-up window, where opening
 // a port starts the mode. Setting up or running: closes the port and pauses.

@@ -2,6 +2,7 @@
 
 #include "geo/angles.h"
 #include "geo/trigonometry.h"
+#include "workspace/values/rounding.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The compass of the Pointing window.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // Both axes of the picture run from -1.5 to 1.5, x to the right and y down, so north is negative y.
 inline constexpr float kCompassEdge = 1.5F;

@@ -1,5 +1,7 @@
 #include "pointing/external_maps.h"
 
+#include "workspace/values/number_text.h"
+
 namespace {
 
 // What a viewer makes of it is no concern of the program's, a failed start included.

@@ -1,7 +1,7 @@
 // The current place in viewers outside the program.
 #pragma once
 
-#include "workspace/workspace.h"
+#include "workspace/record/workspace.h"
 
 // The web map service; it understands "/maps/@", a latitude, a longitude and a zoom behind it.
 inline constexpr const char* kMapService = "https://www.google.com";

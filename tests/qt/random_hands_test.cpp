@@ -11,8 +11,9 @@
 #include <QtTest>
 #include <random>
 
-#include "platform/qt/program.h"
-#include "platform/qt/text.h"
+#include "platform/desktop/qt_text.h"
+#include "platform/qt/application.h"
+#include "workspace/record/control_tables.h"
 
 namespace {
 
@@ -145,7 +146,7 @@ class RandomHands : public testing::Test {
   // What is on screen is what the record says.
   void ExpectShown(FramedWindow& window, const auto& record) {
     EXPECT_EQ(window.isVisible(), record.visible) << window.objectName().toStdString();
-    record.EachControl(record, [&](const char* name, const auto& control) {
+    EachControl(record, [&](const char* name, const auto& control) {
       auto* widget = window.findChild<QWidget*>(name);
       EXPECT_EQ(widget->isHidden(), !control.visible) << name;
       if constexpr (requires { control.enabled; }) {

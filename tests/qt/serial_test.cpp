@@ -9,7 +9,7 @@
 #include <memory>
 #include <thread>
 
-#include "platform/qt/program.h"
+#include "platform/qt/application.h"
 
 namespace {
 

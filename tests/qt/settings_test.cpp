@@ -9,9 +9,9 @@
 #include <QTemporaryDir>
 #include <random>
 
-#include "platform/qt/desktop.h"
-#include "workspace/startup.h"
-#include "workspace/workspace.h"
+#include "platform/desktop/desktop_platform.h"
+#include "workspace/events/start_and_exit.h"
+#include "workspace/record/workspace.h"
 
 namespace {
 

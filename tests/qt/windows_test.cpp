@@ -10,9 +10,10 @@
 #include <QtTest>
 #include <memory>
 
-#include "platform/qt/program.h"
-#include "platform/qt/text.h"
-#include "sites/results.h"
+#include "platform/desktop/qt_text.h"
+#include "platform/qt/application.h"
+#include "sites/lookup/results.h"
+#include "workspace/record/control_tables.h"
 
 namespace {
 
@@ -184,7 +185,7 @@ TEST_F(Windows, TellOfAListingThatNoProgramOpens) {
 // live caption of a label or button by nothing else.
 TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
   const auto check = [this](QWidget* window, auto& record) {
-    std::remove_reference_t<decltype(record)>::EachControl(record, [&](const char* name, auto&) {
+    EachControl(record, [&](const char* name, auto&) {
       auto* widget = Find<QWidget>(name, window);
       ASSERT_NE(widget, nullptr);
       EXPECT_TRUE(widget->accessibleDescription().endsWith(QString("[%1]").arg(name))) << name;

@@ -1,7 +1,9 @@
 #include "platform/headless/headless.h"
 
-#include "gps/nmea_receiver.h"
-#include "platform/drive_path.h"
+#include "platform/drive_paths.h"
+#include "platform/stdio_files.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/strings.h"
 
 bool HeadlessSerial::SetCommPort(std::int16_t number) {
   if (open || number < 1 || number > 32) return false;
@@ -50,8 +52,17 @@ bool HeadlessPlatform::FileExists(const std::string& pattern) {
   return FileMatches(driveC, pattern);
 }
 
-std::filesystem::path HeadlessPlatform::NativePath(const std::string& path) {
-  return ::NativePath(driveC, path);
+std::unique_ptr<InputFile> HeadlessPlatform::OpenToRead(const std::string& path) {
+  return OpenInputFile(NativePath(driveC, path));
+}
+
+std::unique_ptr<OutputFile> HeadlessPlatform::OpenToWrite(const std::string& path) {
+  return OpenOutputFile(NativePath(driveC, path));
+}
+
+bool HeadlessPlatform::IsSameFile(const std::string& path, const std::string& other) {
+  std::error_code error;
+  return std::filesystem::equivalent(NativePath(driveC, path), NativePath(driveC, other), error);
 }
 
 bool HeadlessPlatform::Shell(const std::string& command, WindowStyle /*style*/) {
@@ -59,9 +70,8 @@ bool HeadlessPlatform::Shell(const std::string& command, WindowStyle /*style*/) 
   return startsPrograms;
 }
 
-void Feed(Workspace& w, HeadlessPlatform& platform, const std::string& characters) {
-  HeadlessSerial& serial = platform.serial;
+void Feed(HeadlessSerial& serial, const std::string& characters) {
   if (serial.open) serial.waiting += characters;
   while (serial.open && serial.threshold > 0 && LengthOf(serial.waiting) >= serial.threshold)
-    SetUpCom::MSComm1_OnComm(w);
+    serial.onComm();
 }

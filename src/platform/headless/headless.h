@@ -3,13 +3,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "workspace/workspace.h"
+#include "platform/platform.h"
 
 // A serial line that is fed by hand.
 struct HeadlessSerial : SerialControl {
@@ -19,7 +20,8 @@ struct HeadlessSerial : SerialControl {
   int threshold = 0;
   std::string settings;
   bool open = false;
-  std::string waiting;  // what arrived and was not yet taken
+  std::string waiting;           // characters that arrived and were not yet read
+  std::function<void()> onComm;  // the program's handler of the serial event
 
   bool SetCommPort(std::int16_t number) override;
   void SetInBufferSize(int characters) override { bufferSize = characters; }
@@ -54,7 +56,9 @@ struct HeadlessPlatform : Platform {
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
   bool FileExists(const std::string& pattern) override;
-  std::filesystem::path NativePath(const std::string& path) override;
+  std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
+  std::unique_ptr<OutputFile> OpenToWrite(const std::string& path) override;
+  bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override { events.push_back("MsgBox " + text); }
   bool Shell(const std::string& command, WindowStyle style) override;
   void SetFocus(WindowName /*window*/) override {}
@@ -62,6 +66,6 @@ struct HeadlessPlatform : Platform {
   SerialControl& Serial() override { return serial; }
 };
 
-// Characters arrive at the open port, all at once; the receiver is told while as many wait as its
-// threshold says. With the port closed they are lost.
-void Feed(Workspace& w, HeadlessPlatform& platform, const std::string& characters);
+// Characters arrive at the open port, all at once; the program's handler runs as long as the
+// threshold of waiting characters is reached. While the port is closed they are lost.
+void Feed(HeadlessSerial& serial, const std::string& characters);

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/text.h"
+#include "platform/desktop/qt_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "platform/qt/mirror.h"
+#include "platform/qt/binder.h"
 
 class QPushButton;
 

@@ -6,9 +6,7 @@
 #include <QShortcut>
 #include <algorithm>
 
-#include "gps/real_time.h"
-#include "platform/qt/text.h"
-#include "workspace/window_modes.h"
+#include "platform/desktop/qt_text.h"
 
 namespace {
 
@@ -88,7 +86,7 @@ void MainWindowView::LetKeysBeginAnew() {
   auto* anew = new QShortcut(Qt::ALT | Qt::Key_I, this);
   connect(anew, &QShortcut::activated, input, [this, input] {
     input->setFocus();
-    mirror_.Run(InputText_Click);
+    mirror_.Run(*FindEvent(WindowName::Tarnwick, "InputText", UserAction::Click));
   });
 }
 
@@ -219,7 +217,7 @@ bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&
         widgets_["InputText"]->rect().contains(mouse->position().toPoint()))
-      mirror_.Run(InputText_Click);
+      mirror_.Run(*FindEvent(WindowName::Tarnwick, "InputText", UserAction::Click));
   }
   return FramedWindow::eventFilter(watched, event);
 }

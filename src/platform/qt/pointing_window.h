@@ -1,8 +1,8 @@
 // The Pointing window on screen.
 #pragma once
 
-#include "platform/qt/compass_picture.h"
 #include "platform/qt/framed_window.h"
+#include "platform/qt/picture_view.h"
 #include "platform/qt/widgets.h"
 
 // The figures from the home station and the compass.

@@ -7,9 +7,8 @@
 #include <QStyle>
 #include <algorithm>
 
-#include "platform/qt/text.h"
-#include "sites/results.h"
-#include "sites/site_database.h"
+#include "platform/desktop/qt_text.h"
+#include "sites/lookup/lookup.h"
 
 int EntriesModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : known_;
@@ -107,8 +106,9 @@ ResultsWindowView::ResultsWindowView(Mirror& mirror)
     const QModelIndexList selected = view_->selectionModel()->selectedIndexes();
     mirror_.w.ShowList.PR.index = selected.isEmpty() ? -1 : selected.front().row();
   });
-  static constexpr Handler kPick{WindowName::ShowList, "PR", ShowList::PR_DblClick, true};
-  view_->onDoubleClick = [this] { mirror_.Run(kPick); };
+  view_->onDoubleClick = [this] {
+    mirror_.Run(*FindEvent(WindowName::ShowList, "PR", UserAction::DoubleClick));
+  };
   mirror.OnShow([this] { ShowList(); });
 }
 

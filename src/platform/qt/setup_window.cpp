@@ -2,7 +2,7 @@
 
 #include <QGridLayout>
 
-#include "platform/qt/serial_line.h"
+#include "platform/desktop/serial_device.h"
 
 SetUpWindowView::SetUpWindowView(Mirror& mirror)
     : FramedWindow(mirror, mirror.w.SetUpCom, "SetUpCom"),

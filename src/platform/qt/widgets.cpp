@@ -5,7 +5,7 @@
 #include <QStyleOption>
 #include <algorithm>
 
-#include "platform/qt/text.h"
+#include "platform/desktop/qt_text.h"
 
 QSize CaptionLabel::minimumSizeHint() const {
   constexpr int kLongestCaption = 40;  // average characters
@@ -39,6 +39,9 @@ void CaptionLabel::paintEvent(QPaintEvent* event) {
 
 QLineEdit* MakeWidget(const TextBox& /*state*/, QWidget* parent) {
   return new QLineEdit(parent);
+}
+QPlainTextEdit* MakeWidget(const TextArea& /*state*/, QWidget* parent) {
+  return new QPlainTextEdit(parent);
 }
 QLabel* MakeWidget(const Label& /*state*/, QWidget* parent) {
   return new CaptionLabel(parent);

@@ -11,7 +11,8 @@
 #include <map>
 #include <string_view>
 
-#include "platform/qt/mirror.h"
+#include "platform/qt/binder.h"
+#include "workspace/record/control_tables.h"
 
 // A label that doesn't stretch its window: a caption too long for its place ends in dots. Its last
 // word may have a place of its own.
@@ -31,6 +32,7 @@ class CaptionLabel : public QLabel {
 
 // The widget for a control of the record, made but not yet tied to it.
 QLineEdit* MakeWidget(const TextBox& state, QWidget* parent);
+QPlainTextEdit* MakeWidget(const TextArea& state, QWidget* parent);
 QLabel* MakeWidget(const Label& state, QWidget* parent);
 QPushButton* MakeWidget(const Button& state, QWidget* parent);
 QCheckBox* MakeWidget(const CheckBox& state, QWidget* parent);
@@ -45,7 +47,7 @@ class Widgets {
   template <class Record>
   Widgets(Mirror& mirror, WindowName window, Record& record, QWidget* parent) {
     QWidget* before = nullptr;
-    Record::EachControl(record, [&](const char* name, auto& state) {
+    EachControl(record, [&](const char* name, auto& state) {
       if constexpr (requires { MakeWidget(state, parent); }) {
         QWidget* widget = Make(mirror, window, name, state, parent);
         byName_[name] = widget;
@@ -73,8 +75,6 @@ class Widgets {
   template <class State>
   static QWidget* Make(Mirror& mirror, WindowName window, const char* name, State& state,
                        QWidget* parent) {
-    if constexpr (requires { state.manyLines; })
-      if (state.manyLines) return Bound(mirror, window, name, state, new QPlainTextEdit(parent));
     return Bound(mirror, window, name, state, MakeWidget(state, parent));
   }
   static QWidget* Bound(Mirror& mirror, WindowName window, const char* name, auto& state,

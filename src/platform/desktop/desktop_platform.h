@@ -1,0 +1,32 @@
+// The desktop as the logic sees it: settings, files, viewers, the message box, the serial port.
+#pragma once
+
+#include <functional>
+
+#include "platform/desktop/serial_port.h"
+#include "platform/desktop/settings.h"
+#include "platform/platform.h"
+
+// The platform of the running program.
+struct Desktop : Platform {
+  // Called before a message box opens and to bring a window to the front.
+  std::function<void()> showRecord;
+  std::function<void(WindowName)> focusWindow;
+
+  SettingsStore settings;
+  SerialPort serial;
+
+  std::string ReadSetting(const std::string& section, const std::string& key,
+                          const std::string& otherwise) override;
+  void StoreSetting(const std::string& section, const std::string& key,
+                    const std::string& text) override;
+  bool FileExists(const std::string& pattern) override;
+  std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
+  std::unique_ptr<OutputFile> OpenToWrite(const std::string& path) override;
+  bool IsSameFile(const std::string& path, const std::string& other) override;
+  void MsgBox(const std::string& text) override;
+  bool Shell(const std::string& command, WindowStyle style) override;
+  void SetFocus(WindowName window) override;
+  std::chrono::year_month_day Today() override;
+  SerialControl& Serial() override { return serial; }
+};

@@ -1,0 +1,30 @@
+// Reads the site database line by line. The file is plain single-byte text; every command reads it
+// from its first line, and nothing writes it.
+#pragma once
+
+#include <string_view>
+
+#include "workspace/record/workspace.h"
+
+// Longer lines are skipped.
+inline constexpr std::size_t kLongestLine = 32766;
+
+// The buffer is readable for so many bytes behind the last one read, whatever they contain, so that
+// a search can look at whole blocks.
+inline constexpr std::size_t kBlockPadding = 128;
+
+// Closes the handle, opens the file that LocDatabase names and reads its first block. A file that
+// is missing, not a regular file or unreadable shows the message "Site datbase not found" and
+// returns false.
+[[nodiscard]] bool OpenDatabase(Workspace& w);
+
+// Reads the next line into `line`, without its line end (CR LF, or CR alone; a lone LF is an
+// ordinary character). The view is valid until the next call. Returns false at the end of the file
+// and after a read error; `database.failed` tells the two apart.
+[[nodiscard]] bool ReadLine(DatabaseHandle& database, std::string_view& line);
+
+// Closes the handle; harmless if it is closed.
+void CloseDatabase(Workspace& w);
+
+// Shows the message for a database that is missing or cannot be read.
+void ReportMissingDatabase(Workspace& w);

@@ -1,0 +1,18 @@
+// The lookup: every site whose line contains what is in the input box, in the Results window.
+#pragma once
+
+#include "workspace/record/workspace.h"
+
+// An entry of the Results window is the first characters of a line.
+inline constexpr std::size_t kEntryLength = 28;
+
+// Upper limit of the list, so that a file of bare line ends cannot exhaust memory.
+inline constexpr std::size_t kMostEntries = 10'000'000;
+
+// Shows the Results window and adds every line that contains the text of InputText, cut at 28
+// characters; all lines if InputText is empty. A second lookup adds to the list. A message box
+// reports a missing database, a failed read (the entries found so far stay) and a full list.
+void SearchDatabase(Workspace& w);
+
+// The click on Lookup: runs SearchDatabase.
+void Lookup_Click(Workspace& w);

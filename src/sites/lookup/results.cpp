@@ -1,0 +1,46 @@
+#include "sites/lookup/results.h"
+
+#include "workspace/commands/use_this.h"
+#include "workspace/values/rounding.h"
+
+void OpenResults(Workspace& w) {
+  ResultsWindow& window = w.ShowList;
+  window.loaded = true;
+  window.visible = true;
+  window.PR.columns = 4;
+  window.left = ToSingle(w.Tarnwick.left + w.Tarnwick.width / 3.0);
+  window.top = ToSingle(w.Tarnwick.top + w.Tarnwick.height / 4.0);
+  window.OK.visible = true;
+  w.platform.SetFocus(WindowName::ShowList);
+}
+
+void CloseResults(Workspace& w) {
+  w.ListTop = RoundToInt32(w.ShowList.top);
+  w.ListLeft = RoundToInt32(w.ShowList.left);
+  w.ShowList = {};  // a fresh window is unloaded, hidden and empty
+}
+
+namespace ShowList {
+
+namespace {
+
+void Pick(Workspace& w) {
+  const ListBox& list = w.ShowList.PR;
+  const bool picked = list.index >= 0 && static_cast<std::size_t>(list.index) < list.items.size();
+  w.Tarnwick.InputText.text = picked ? list.items[static_cast<std::size_t>(list.index)] : "";
+  FindIt_Click(w);
+  w.Tarnwick.FindIt.enabled = false;
+  w.Tarnwick.defaultButton = &MainWindow::SetHome;
+  w.platform.SetFocus(WindowName::Tarnwick);
+}
+
+}  // namespace
+
+void OK_Click(Workspace& w) {
+  Pick(w);
+}
+void PR_DblClick(Workspace& w) {
+  Pick(w);
+}
+
+}  // namespace ShowList

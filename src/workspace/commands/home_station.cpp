@@ -1,0 +1,25 @@
+#include "workspace/commands/home_station.h"
+
+void SetHome_Click(Workspace& w) {
+  MainWindow& main = w.Tarnwick;
+  PointingWindow& pointing = w.BearingCalc;
+  if (!main.MakeList.visible) main.GenList.enabled = true;
+  w.BaseLat = w.Lat;
+  w.BaseLong = w.Lon;
+  w.BaseName = main.InputText.text;
+  pointing.Ipt.text.clear();
+  w.Baseresolution = w.Resolution;
+  pointing.loaded = true;
+  pointing.visible = true;
+  main.BaseLocLbl.caption =
+      "Home Station:  " + w.sitename + " - " + main.LocText.text + "  " + main.NGRText.text;
+  for (TextBox* box : {&pointing.DistText, &pointing.BearText, &pointing.BackBearText})
+    box->visible = true;
+  for (Label* label : {&pointing.Label4, &pointing.Label5, &pointing.Label6}) label->visible = true;
+  w.BaseSet = kTrue;
+  pointing.UncertText.visible = true;
+  pointing.Label12.visible = true;
+  pointing.C.visible = true;
+  main.LocSites.enabled = true;
+  pointing.caption = main.BaseLocLbl.caption;
+}

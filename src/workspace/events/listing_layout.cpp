@@ -1,0 +1,33 @@
+#include "workspace/events/listing_layout.h"
+
+#include "pointing/compass.h"
+#include "sites/lookup/results.h"
+
+void ShowListingControls(MainWindow& main, bool visible) {
+  for (TextBox* box : {&main.MinDisttext, &main.MaxDistText, &main.FromBearText, &main.ToBearText,
+                       &main.Srchtext, &main.ListFileName})
+    box->visible = visible;
+  for (Label* label : {&main.Label3, &main.Label7, &main.Label8, &main.Label9, &main.Label10,
+                       &main.Label11, &main.Label13})
+    label->visible = visible;
+  main.ShowAll.visible = visible;
+  main.MakeList.visible = visible;
+}
+
+void GenList_Click(Workspace& w) {
+  MainWindow& main = w.Tarnwick;
+  main.height = kListingHeight;
+  main.GenList.enabled = false;
+  ShowListingControls(main, true);
+  main.defaultButton = &MainWindow::MakeList;
+  main.FindIt.visible = false;
+  main.Lookup.visible = false;
+  main.SetHome.enabled = false;
+  PointingWindow& pointing = w.BearingCalc;
+  for (TextBox* box :
+       {&pointing.DistText, &pointing.BearText, &pointing.BackBearText, &pointing.UncertText})
+    box->text.clear();
+  for (TextBox* box : {&main.NGRText, &main.LocText, &main.LLText}) box->text.clear();
+  Cls(pointing.C);
+  CloseResults(w);
+}

@@ -1,0 +1,89 @@
+#include "workspace/events/start_and_exit.h"
+
+#include "gps/port_setup.h"
+#include "pointing/external_maps.h"
+#include "sites/database/line_reader.h"
+#include "workspace/commands/home_station.h"
+#include "workspace/commands/place_display.h"
+#include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
+
+namespace {
+
+// Reads as no home station: a stored pair is one only if both values are below 500.
+constexpr const char* kNoHome = "999";
+
+// Shows the stored pair in Lat and Lon as a place and makes it the home station. No distance is
+// worked out: the figures show zeros until the first Use This.
+void RestoreHome(Workspace& w) {
+  MainWindow& main = w.Tarnwick;
+  PointingWindow& pointing = w.BearingCalc;
+  w.BaseLat = w.Lat;
+  w.BaseLong = w.Lon;
+  main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
+                        "  Long: " + FormatPicture(w.BaseLong, "####.###");
+  pointing.Ipt.text = main.InputText.text;
+  ShowPlaceByLatLong(w);
+  main.SetHome.enabled = true;
+  ShowDistanceAndBearing(w);
+  pointing.UncertText.text =
+      FormatPicture(w.DistUncert, "0.00#km ") + FormatPicture(w.BearUncert, "0.0 deg");
+  w.sitename.clear();
+  SetHome_Click(w);
+}
+
+}  // namespace
+
+void Form_Load(Workspace& w) {
+  Platform& platform = w.platform;
+  MainWindow& main = w.Tarnwick;
+  w.BaseSet = kFalse;
+  const std::string left = platform.ReadSetting("FormPLace", "Left", "0");
+  const std::string top = platform.ReadSetting("FormPLace", "Top", "100");
+  const std::string baud = platform.ReadSetting("CPort", "Baud", "9600");
+  const std::string port = platform.ReadSetting("CPort", "CP", "1");
+  const std::string database = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
+  w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", kNoHome));
+  w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", kNoHome));
+  if (w.Lat < 500 && w.Lon < 500) RestoreHome(w);
+
+  SetUpCom::Load(w);
+  w.SetUpCom.CPort.text = port;
+  w.SetUpCom.Baud.text = baud;
+
+  main.top = ToSingle(TextToNumber(top));
+  main.left = ToSingle(TextToNumber(left));
+  main.height = kLookupHeight;
+  w.BearingCalc.left = ToSingle(main.width * 0.8 + main.left);
+  w.BearingCalc.top = main.top - 2000;
+  w.BearingCalc.loaded = true;
+
+  main.LocDatabase.text = database;
+  w.RealTime = kFalse;
+  main.UseNMEA.caption = kRealTimeCaption;
+  LookForMaps(w);
+  main.loaded = true;
+  main.visible = true;
+}
+
+void Form_Unload(Workspace& w) {
+  Platform& platform = w.platform;
+  if (platform.Serial().IsOpen()) platform.Serial().Close();
+  const std::string left = NumberToText(w.Tarnwick.left);
+  const std::string top = NumberToText(w.Tarnwick.top);
+  platform.StoreSetting("FormPLace", "Left", left);
+  platform.StoreSetting("FormPLace", "Top", top);
+  platform.StoreSetting("CPort", "Baud", w.SetUpCom.Baud.text);
+  platform.StoreSetting("CPOrt", "CP", w.SetUpCom.CPort.text);
+  platform.StoreSetting("LocDB", "DB", w.Tarnwick.LocDatabase.text);
+  if (w.Tarnwick.SaveOnExit.checked) {
+    platform.StoreSetting("Home", "Lat", NumberToText(w.BaseLat));
+    platform.StoreSetting("Home", "Long", NumberToText(w.BaseLong));
+  }
+  CloseDatabase(w);
+  w.ShowList = {};
+  w.SetUpCom = {};
+  w.BearingCalc = {};
+  w.Tarnwick.visible = false;
+  w.Tarnwick.loaded = false;
+}
