@@ -1,6 +1,6 @@
 #include "geo/grid_decoder.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "geo/grid_display.h"
 #include "geo/grid_letters.h"
@@ -12,30 +12,40 @@
 namespace {
 
 // Size in metres of one unit of the last digit, for halves of that many digits; 0 above 5 digits.
-int ScaleOf(int digitsInHalf) {
-  return RoundToInt16(std::pow(10.0, 5 - digitsInHalf));
+int ScaleOf(std::size_t digitsInHalf) {
+  static constexpr int kScales[] = {100000, 10000, 1000, 100, 10, 1};
+  return digitsInHalf < 6 ? kScales[digitsInHalf] : 0;
+}
+
+// Half of a number; what lies between two whole numbers is rounded to the even one.
+std::size_t HalfOf(std::size_t number) {
+  return (number + (number % 4 == 3)) / 2;
 }
 
 }  // namespace
 
-void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
-  const std::string letters = LeftOf(ngr, 2);
-  const std::string digits = MidOf(ngr, 3);
-  const double half = LengthOf(digits) / 2.0;
-  w.Tarnwick.OSMap.caption = letters + LeftOf(digits, 1) + MidOf(digits, RoundToInt32(half + 1), 1);
-  const int h = RoundToInt16(half);
-  const double north = TextToNumber(MidOf(digits, h + 1, h));
-  const double east = TextToNumber(MidOf(digits, 1, h));
-  const int scale = ScaleOf(h);
-
+void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution) {
+  const std::string_view digits = ngr.substr(2);
+  const std::size_t half = HalfOf(digits.size());
+  const double east = TextToNumber(digits.substr(0, half));
+  const double north = TextToNumber(digits.substr(std::min(half, digits.size()), half));
+  const int scale = ScaleOf(half);
   int squareEasting = 0;
   int squareNorthing = 0;
   CornerOf(ngr[0], ngr[1], squareEasting, squareNorthing);
-  const double easting = squareEasting + Finite(east * scale);
-  const double northing = squareNorthing + Finite(north * scale);
-  w.Resolution = scale == 0 ? kSquareSide / 1000 : scale / 1000.0;
-  ShowEastNorth(w, easting, northing);
+  easting = squareEasting + Finite(east * scale);
+  northing = squareNorthing + Finite(north * scale);
+  Resolution = scale == 0 ? kSquareSide / 1000 : scale / 1000.0;
+}
 
+void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
+  const std::string digits = MidOf(ngr, 3);
+  const int northStart = RoundToInt32(LengthOf(digits) / 2.0 + 1);
+  w.Tarnwick.OSMap.caption = LeftOf(ngr, 3) + MidOf(digits, northStart, 1);
+  double easting = 0;
+  double northing = 0;
+  NGRToGrid(ngr, easting, northing, w.Resolution);
+  ShowEastNorth(w, easting, northing);
   GridToWGS84(easting, northing, Lat, Lon);
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption = w.Tarnwick.Ydim.caption;

@@ -1,24 +1,32 @@
 #include "geo/grid_encoder.h"
 
+#include <array>
+
 #include "geo/grid_display.h"
 #include "geo/grid_letters.h"
 #include "geo/national_grid.h"
-#include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
-#include "workspace/values/strings.h"
 
 namespace {
 
-// Splits a coordinate into the index of its lettered square and the digits inside it.
-std::string DigitsOf(double coordinate, const GridPrecision& precision, int& square) {
-  square = IntDivide(coordinate, kSquareSide);
-  int value = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
-  if (value >= precision.unitsPerSquare) {
-    value -= precision.unitsPerSquare;
-    ++square;
-  }
-  const std::string digits = MidOf(NumberToText(static_cast<double>(value)), 2);
-  return std::string(static_cast<std::size_t>(precision.digits) - digits.size(), '0') + digits;
+constexpr int kSquareMetres = static_cast<int>(kSquareSide);
+
+// A coordinate as the index of its lettered square and the units inside that.
+struct InSquare {
+  int square;
+  int units;
+};
+
+InSquare SplitCoordinate(double coordinate, const GridPrecision& precision) {
+  const int square = RoundToInt32(coordinate) / kSquareMetres;
+  const int units = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
+  if (units < precision.unitsPerSquare) return {square, units};
+  return {square + 1, units - precision.unitsPerSquare};
+}
+
+// Overwrites `count` characters with a number that has at most so many digits.
+void WriteDigits(char* at, int count, int number) {
+  for (int i = count; i-- > 0; number /= 10) at[i] = static_cast<char>('0' + number % 10);
 }
 
 }  // namespace
@@ -28,6 +36,19 @@ GridPrecision PrecisionFor(double resolution) {
   if (resolution < 0.1) return {10, 4, 10000};
   if (resolution <= 2) return {100, 3, 1000};
   return {1000, 2, 100};
+}
+
+std::string GridReferenceOf(double easting, double northing, double resolution) {
+  const GridPrecision precision = PrecisionFor(resolution);
+  const InSquare east = SplitCoordinate(easting, precision);
+  const InSquare north = SplitCoordinate(northing, precision);
+  const std::array<char, 2> letters = LettersOf(east.square, north.square);
+  std::string ngr(2 + 2 * static_cast<std::size_t>(precision.digits) + 1, ' ');
+  ngr[0] = letters[0];
+  ngr[1] = letters[1];
+  WriteDigits(ngr.data() + 2, precision.digits, east.units);
+  WriteDigits(ngr.data() + 2 + precision.digits + 1, precision.digits, north.units);
+  return ngr;
 }
 
 void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
@@ -43,12 +64,6 @@ void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
     return;
   }
   ShowEastNorth(w, easting, northing);
-  const GridPrecision precision = PrecisionFor(w.Resolution);
-  int eastIndex = 0;
-  int northIndex = 0;
-  const std::string east = DigitsOf(easting, precision, eastIndex);
-  const std::string north = DigitsOf(northing, precision, northIndex);
-  const std::string letters = LettersOf(eastIndex, northIndex);
-  ngr = letters + east + " " + north;
-  w.Tarnwick.OSMap.caption = letters + LeftOf(east, 1) + LeftOf(north, 1);
+  ngr = GridReferenceOf(easting, northing, w.Resolution);
+  w.Tarnwick.OSMap.caption = ngr.substr(0, 3) + ngr[ngr.find(' ') + 1];
 }

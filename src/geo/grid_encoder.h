@@ -5,7 +5,7 @@
 
 #include "workspace/record/workspace.h"
 
-// How fine the digits of a reference are.
+// The accuracy of a reference's digits.
 struct GridPrecision {
   int unit;            // m
   int digits;          // in each half
@@ -16,8 +16,16 @@ struct GridPrecision {
 // else 5.
 GridPrecision PrecisionFor(double resolution);
 
-// The grid reference of a place, with as many digits as PrecisionFor its Resolution. They are
-// rounded, and a rounding up to the next square goes into that square.
+// The grid reference of a position on the grid, such as "TQ3198 7961".
+//
+// In   easting, northing  m, on the grid
+//      resolution         km, how accurate the position is; PrecisionFor chooses the digits by it
+//
+// The digits are rounded, a tie to the even digit, and a rounding up to the next square goes into
+// that square.
+std::string GridReferenceOf(double easting, double northing, double resolution);
+
+// The grid reference of a place by GridReferenceOf.
 //
 // In      LatIn, LonIn  degrees on WGS84
 // Out     ngr           such as "TQ3198 7961"; empty outside the box; "Not valid" inside it but off

@@ -19,10 +19,10 @@ void CornerOf(char firstLetter, char secondLetter, int& easting, int& northing) 
   northing = 1900000 - (a / 5) * 500000 - (b / 5) * 100000;
 }
 
-std::string LettersOf(int eastIndex, int northIndex) {
+std::array<char, 2> LettersOf(int eastIndex, int northIndex) {
   int first = 83 - 5 * (northIndex / 5) + eastIndex / 5;
   if (first == 73) first = 72;
   int second = 65 + 5 * (4 - northIndex % 5) + eastIndex % 5;
   if (second > 72) ++second;
-  return CharOf(first) + CharOf(second);
+  return {CharFromCode(first), CharFromCode(second)};
 }

@@ -1,7 +1,7 @@
 // The 100 km squares of the National Grid and their two letters. The grid alphabet has no I.
 #pragma once
 
-#include <string>
+#include <array>
 
 inline constexpr double kSquareSide = 100000;  // m
 
@@ -10,4 +10,4 @@ inline constexpr double kSquareSide = 100000;  // m
 void CornerOf(char firstLetter, char secondLetter, int& easting, int& northing);
 
 // The two letters of a square, its column and row counted from the south-west corner SV.
-std::string LettersOf(int eastIndex, int northIndex);
+std::array<char, 2> LettersOf(int eastIndex, int northIndex);

@@ -1,5 +1,7 @@
 #include "geo/locator.h"
 
+#include <cstdint>
+
 #include "geo/angles.h"
 #include "geo/trigonometry.h"
 #include "workspace/values/number_text.h"
@@ -15,31 +17,47 @@ constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
 int Letter(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - 65;
+  return static_cast<unsigned char>(lc[position - 1]) - 65;
 }
 int Digit(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - 48;
+  return static_cast<unsigned char>(lc[position - 1]) - 48;
 }
 
-// The numbers of the five characters that divide one axis.
-struct Steps {
-  int tens, ones, minutes, tenths, smallest;
-};
+constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
 
-// Cuts an axis of 18 fields of 10 units. The order of the steps decides on which side a place on
-// the edge of a cell falls.
-Steps StepsOf(double axis) {
-  Steps steps{};
-  steps.tens = FloorToInt16(axis / 10);
-  const double r = axis - 10 * steps.tens;
-  steps.ones = FloorToInt16(r);
-  const double r1 = r - steps.ones;
-  steps.minutes = FloorToInt16(r1 * 24);
-  const double r2 = r1 - steps.minutes / 24.0;
-  steps.tenths = FloorToInt16(r2 * 240);
-  const double r3 = r2 - steps.tenths / 240.0;
-  steps.smallest = FloorToInt16(r3 * 5760);
-  return steps;
+// Writes the characters of one axis as WriteAxis does. The order of the steps decides on which side
+// a place on the edge of a cell falls.
+void WriteAxisByStep(double axis, char* at) {
+  const int field = FloorToInt16(axis / 10);
+  const double inField = axis - 10 * field;
+  const int square = FloorToInt16(inField);
+  const double inSquare = inField - square;
+  const int subsquare = FloorToInt16(inSquare * 24);
+  const double inSubsquare = inSquare - subsquare / 24.0;
+  const int extended = FloorToInt16(inSubsquare * 240);
+  const double inExtended = inSubsquare - extended / 240.0;
+  const int finest = FloorToInt16(inExtended * kCells);
+  at[0] = CharFromCode('A' + field);
+  at[2] = CharFromCode('0' + square);
+  at[4] = CharFromCode('A' + subsquare);
+  at[6] = CharFromCode('0' + extended);
+  at[8] = CharFromCode('A' + finest);
+}
+
+// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on. The
+// number of the smallest cell is enough for them where rounding cannot lead to another cell.
+void WriteAxis(double axis, char* at) {
+  constexpr double kMargin = 1e-6;
+  const double cells = axis * kCells;
+  if (!(cells >= 0 && cells < 180 * kCells)) return WriteAxisByStep(axis, at);
+  auto rest = static_cast<std::uint32_t>(static_cast<std::int32_t>(cells));
+  const double inCell = cells - rest;
+  if (inCell < kMargin || inCell > 1 - kMargin) return WriteAxisByStep(axis, at);
+  at[8] = static_cast<char>('A' + rest % 24);
+  at[6] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[4] = static_cast<char>('A' + (rest /= 10) % 24);
+  at[2] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[0] = static_cast<char>('A' + rest / 10);
 }
 
 }  // namespace
@@ -76,11 +94,7 @@ void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {
-  const Steps lat = StepsOf(Lat + 90);
-  const Steps lon = StepsOf((Lon + 180) / 2);
-  lc.clear();
-  for (const int code :
-       {lon.tens + 65, lat.tens + 65, lon.ones + 48, lat.ones + 48, lon.minutes + 65,
-        lat.minutes + 65, lon.tenths + 48, lat.tenths + 48, lon.smallest + 65, lat.smallest + 65})
-    lc += CharOf(code);
+  lc.resize(10);
+  WriteAxis((Lon + 180) / 2, lc.data());
+  WriteAxis(Lat + 90, lc.data() + 1);
 }
