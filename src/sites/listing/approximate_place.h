@@ -11,8 +11,8 @@
 inline constexpr double kLatError = 1e-8;       // degrees
 inline constexpr double kLonError = 5e-8;       // degrees
 inline constexpr double kMetreError = 5e-4;     // m, of easting and northing
-inline constexpr double kDistanceError = 1e-5;  // km
-inline constexpr double kBearingError = 5e-5;   // degrees, where AreWellConditioned
+inline constexpr double kDistanceError = 5e-6;  // km
+inline constexpr double kBearingError = 1e-5;   // degrees, where AreWellConditioned
 
 // Whether kBearingError and kDistanceError apply. Close to the home station and to its antipode a
 // small shift turns the bearing further; close to due north and south it could change the side of

@@ -14,7 +14,7 @@
 namespace {
 
 // Making the polynomials takes as long as the exact path of so many records.
-constexpr int kRecordsBeforePolynomials = 15;
+constexpr int kRecordsBeforePolynomials = 8;
 
 // The squares: those of the National Grid, and those of 2 by 1 degrees of the box outside which
 // there are no references, from the south-west corner on.
@@ -92,9 +92,13 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
     square.isOnGrid = form == CoordinateForm::EastingNorthing || IsWhollyOnGrid(over);
   if (square.recordCount < kRecordsBeforePolynomials || !square.isOnGrid) return;
   square.polynomials = std::make_unique<LocalPolynomials>(PolynomialsOf(home, over, form));
-  const ApproximatePlace centre = PlaceAt(home, *square.polynomials, form, over.x + over.width / 2,
-                                          over.y + over.height / 2);
-  ComputeDistanceBounds(centre.figures.distance, square);
+  const double x = over.x + over.width / 2;
+  const double y = over.y + over.height / 2;
+  const ApproximatePlace centre = PlaceAt(home, *square.polynomials, form, x, y);
+  const DistanceAndBearings figures = form == CoordinateForm::LonLat
+                                          ? DistanceAndBearingsOf(home, y, x)
+                                          : DistanceAndBearingsOf(home, centre.y, centre.x);
+  ComputeDistanceBounds(figures.distance, square);
 }
 
 // The square that the letters of a grid reference name; null if it is not on the grid, or if the
