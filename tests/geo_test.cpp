@@ -8,8 +8,7 @@
 
 #include "geo/datum.h"
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/lat_long_parser.h"
 #include "geo/local_polynomials.h"
 #include "geo/locator.h"

@@ -8,7 +8,7 @@
 #include <random>
 #include <set>
 
-#include "geo/grid_decoder.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "platform/headless/headless.h"
 #include "sites/database/site_line.h"

@@ -3,8 +3,7 @@
 #include <algorithm>
 
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "workspace/commands/classify_input.h"
 #include "workspace/values/number_text.h"

@@ -1,6 +1,6 @@
 #include "workspace/commands/place_display.h"
 
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/lat_long_display.h"
 #include "geo/locator.h"
 #include "workspace/values/number_text.h"
