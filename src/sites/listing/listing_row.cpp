@@ -18,7 +18,7 @@ Limits LimitsOf(const MainWindow& main) {
 void DecodeRecord(Workspace& w, std::string_view line, const SiteLine& site, Columns& columns) {
   w.sitename = site.name;
   std::string position = UpperOf(site.position);
-  std::int16_t kind = kSiteName;
+  InputKind kind = kSiteName;
   ClassifyInput(position, kind);
   if (HasEndMarker(line)) kind = kSiteName;
   if (kind == kSiteName) {
