@@ -15,13 +15,16 @@ struct NamedControl {
   Control Record::*member;
 };
 
+template <class Record, class Control>
+constexpr NamedControl<Record, Control> MakeNamed(const char* name, Control Record::*member) {
+  return {name, member};
+}
+
 // The table of a window, a tuple of NamedControl.
 template <class Record>
 inline constexpr auto kControlsOf = std::tuple{};
 
-// clang-format off
-#define CONTROL(name) NamedControl{#name, &Record::name}
-// clang-format on
+#define CONTROL(name) MakeNamed(#name, &Record::name)
 
 template <>
 inline constexpr auto kControlsOf<MainWindow> = [] {
