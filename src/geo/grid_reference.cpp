@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 
 #include "geo/national_grid.h"
 #include "workspace/values/number_text.h"

@@ -1,6 +1,7 @@
 #include "geo/lat_long_display.h"
 
 #include <cmath>
+#include <string>
 
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"

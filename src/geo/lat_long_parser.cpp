@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
