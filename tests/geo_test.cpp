@@ -5,11 +5,13 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "geo/datum.h"
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/lat_long_parser.h"
 #include "geo/local_polynomials.h"
 #include "geo/locator.h"
@@ -33,14 +35,14 @@ class Geo : public testing::Test {
     return ngr;
   }
 
-  // A reference as it is typed, without its blank.
+  // Decodes a grid reference without its blank, as ClassifyInput passes it.
   void Decode(std::string ngr) {
     ngr.erase(std::remove(ngr.begin(), ngr.end(), ' '), ngr.end());
     DecodeNGR(w, ngr, w.Lat, w.Lon);
   }
 };
 
-TEST_F(Geo, LocatorsComeBack) {
+TEST_F(Geo, LocatorsRoundTrip) {
   std::mt19937 random(1);
   for (int round = 0; round < 30000; ++round) {
     std::string lc;
@@ -56,7 +58,7 @@ TEST_F(Geo, LocatorsComeBack) {
   }
 }
 
-TEST_F(Geo, ReferencesComeBack) {
+TEST_F(Geo, GridReferencesRoundTrip) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> north(50, 60.95), west(-1.75, 7.4);
   const auto metres = [&](const char* axis) {
@@ -77,7 +79,7 @@ TEST_F(Geo, ReferencesComeBack) {
   }
 }
 
-TEST_F(Geo, GenLocatorCutsAndNeverClamps) {
+TEST_F(Geo, GenLocatorTruncatesAndNeverClamps) {
   const struct {
     double lat, lon;
     std::string lc;
@@ -85,7 +87,7 @@ TEST_F(Geo, GenLocatorCutsAndNeverClamps) {
       // clang-format off
       {48.85837, 2.294481, "JN18DU56IA"}, {-33.8568, 151.2153, "QF56OD54UI"},
       {-90, -180, "AA00AA00AA"}, {89.9999999, 179.9999999, "RR99XX99XX"}, {90, 180, "SS00AA00AA"},
-      {51.3125, 0, "JO01AH04AX"},  // on the edge of two cells: 5 tenths are a hair below 5
+      {51.3125, 0, "JO01AH04AX"},  // on an edge: rounding leaves just less than 5 extended squares
       {999, 999, "{\xAD""99MA00AA"}, {1e300, -1e300, {"\0\xFF\0\xFF\0\xFF\0\xFF\0\xFF", 10}},
       // clang-format on
   };
@@ -96,10 +98,10 @@ TEST_F(Geo, GenLocatorCutsAndNeverClamps) {
   }
 }
 
-TEST_F(Geo, GenNGRHasTheDigitsThatAreWarranted) {
+TEST_F(Geo, GenNGRChoosesItsDigitsByTheAccuracy) {
   const struct {
     double lat, lon, resolution;
-    const char *ngr, *sheet;
+    const char *ngr, *square;  // 10 km square on the map button
   } rows[] = {
       // clang-format off
       {51.5, -0.1, 5, "TQ32 80", "TQ38"}, {51.5, -0.1, 2.001, "TQ32 80", "TQ38"},
@@ -108,16 +110,16 @@ TEST_F(Geo, GenNGRHasTheDigitsThatAreWarranted) {
       {51.5, -0.1, 0, "TQ31979 79607", "TQ37"}, {53, -2, 0.005, "SK00097 44742", "SK04"},
       {60.15, -1.15, 0.005, "HU47297 40915", "HU44"}, {53, -2.6, 5, "SJ60 45", "SJ64"},
       {61, 1.8, 0.005, "JM05553 41247", "JM04"}, {54, -8, 0.005, "SA07011 72675", "SA07"},
-      // Off the grid, the sheet of the place before stays.
+      // Off the grid the square of the old place stays.
       {49, -2, 0, "Not valid", "SA07"}, {48.99, -2, 0, "", "SA07"}, {61.01, -2, 0, "", "SA07"},
       {55, -8.01, 0, "", "SA07"}, {55, 1.81, 0, "", "SA07"},
       // clang-format on
   };
-  for (const auto& [lat, lon, resolution, ngr, sheet] : rows) {
+  for (const auto& [lat, lon, resolution, ngr, square] : rows) {
     EXPECT_EQ(Reference(lat, lon, resolution), ngr) << lat << ' ' << lon;
-    EXPECT_EQ(w.Tarnwick.OSMap.caption, sheet) << ngr;
+    EXPECT_EQ(w.Tarnwick.OSMap.caption, square) << ngr;
   }
-  // What rounds up to the edge of a lettered square lies in the next one.
+  // A rounding up to the edge of a square carries into the next square.
   for (const auto& [typed, ngr] : {std::pair("SU9960050000", "TQ00 50"),
                                    {"SU5000099700", "SP50 00"},
                                    {"SE9960099700", "OV00 00"}}) {
@@ -126,7 +128,7 @@ TEST_F(Geo, GenNGRHasTheDigitsThatAreWarranted) {
   }
 }
 
-TEST_F(Geo, DatumAndProjectionGiveThePublishedFigures) {
+TEST_F(Geo, DatumAndProjectionMatchPublishedFigures) {
   double lat = 0, lon = 0;
   WGS84ToAiry(51.5, -0.1, lat, lon);
   EXPECT_NEAR(lat, 51.49948829, 6e-9);
@@ -199,8 +201,9 @@ TEST_F(Geo, AbsurdNumbersStayFinite) {
   }
 }
 
-// The margins of the listing's fast rows rest on these bounds: degrees one way, metres the other.
-TEST_F(Geo, PatchesKeepTheirBounds) {
+// The margins of the listing accelerator depend on these bounds: degrees to the place, metres to
+// the grid.
+TEST_F(Geo, PatchesStayWithinTheirTolerance) {
   std::mt19937 random(1);
   const auto between = [&](double from, double to) {
     return std::uniform_real_distribution<double>(from, to)(random);
@@ -232,7 +235,7 @@ TEST_F(Geo, PatchesKeepTheirBounds) {
       check({easting, northing, 100000, 100000}, toPlace, 1e-9);
   for (double lon = -8; lon < 2; lon += 2)
     for (double lat = 49; lat < 61; ++lat) check({lon, lat, 2, 1}, toGrid, 1e-4);
-  // Too rough: the series at the pole of the projection, and a tolerance that no polynomial keeps.
+  // Refused: the series near the pole, and a tolerance that no polynomial reaches.
   Patch patch;
   EXPECT_FALSE(MakePatch({-2, 89.5, 2, 1}, toGrid, {1e-4, 1e-4}, patch));
   EXPECT_FALSE(MakePatch({0, 0, 100000, 100000}, toPlace, {1e-13, 1e-13}, patch));

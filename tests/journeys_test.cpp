@@ -1,28 +1,34 @@
-// Every file of tests/journeys: what a user does, and what changes by it.
+// Runs every file of tests/journeys: what a user does, and what changes by it.
 //
-// Actions, as journey_driver.h tells them, begin in the first column; "home", with a folder of the
-// journey's own in which it also runs, comes by itself. The lines under a `show`, two blanks in,
-// are all that it prints, in any order; "..." among them allows for more. A fraction of the
-// record counts to the places written, six at least.
-//   file PATH TEXT         what a file below the folder holds before the journey
-//   expect-file PATH TEXT  what it holds after it
-// Under either stand further lines of the file, each ended by CR LF; | behind a line keeps the
-// blanks at its end. @HOME@ stands for the folder and @TODAY@ for the date as yyyy/mm/dd.
+// Actions (journey_driver.h) start in the first column. Each journey runs in a folder of its own,
+// which is also its "home". The indented lines under a `show` are all lines that it prints, in any
+// order; "..." among them allows any others. A fraction of the record is compared to the places
+// written, but to six at least.
+//   file PATH TEXT         creates a file before the journey
+//   expect-file PATH TEXT  compares a file after the journey
+// Paths are relative to the folder. The indented lines under either are further lines of the file,
+// each ended by CR LF; a | at the end of a line protects blanks before it. @HOME@ is replaced by
+// the folder and @TODAY@ by the date as yyyy/mm/dd.
 //
-// With TARNWICK_JOURNEY set, the journeys go through the driver that this command starts, one built
-// for another system for instance.
+// If the environment variable TARNWICK_JOURNEY is set, the journeys run in the driver that this
+// command starts, such as one built for another system.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <locale>
 #include <sstream>
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "escaped_text.h"
 #include "journey_driver.h"
 #include "platform/headless/headless.h"
 #include "workspace/values/number_text.h"
@@ -31,11 +37,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A line of the first column with the lines that stand under it.
+// A line that starts in the first column, and the indented lines under it.
 struct Block {
   std::string line;
   int lineNumber = 0;
-  std::vector<std::string> under;
+  std::vector<std::string> indented;
 };
 
 void Replace(std::string& line, const std::string& mark, const std::string& text) {
@@ -53,14 +59,14 @@ std::vector<Block> ReadBlocks(const fs::path& file, const std::string& home) {
     Replace(line, "@HOME@", home);
     Replace(line, "@TODAY@", today);
     if (line.rfind("  ", 0) == 0 && !blocks.empty())
-      blocks.back().under.push_back(line.substr(2));
+      blocks.back().indented.push_back(line.substr(2));
     else if (!line.empty())
       blocks.push_back({line, lineNumber, {}});
   }
   return blocks;
 }
 
-// The path and the content that a line such as "file PATH TEXT" and the lines under it tell.
+// The path and the content in a block that starts with "file PATH TEXT" or "expect-file PATH TEXT".
 std::pair<std::string, std::string> FileOf(const Block& block) {
   std::istringstream words(block.line);
   std::string verb, path, content;
@@ -68,7 +74,7 @@ std::pair<std::string, std::string> FileOf(const Block& block) {
   words.ignore();
   std::getline(words, content);
   content = Unescaped(content);
-  for (std::string line : block.under) {
+  for (std::string line : block.indented) {
     if (!line.empty() && line.back() == '|') line.pop_back();
     content += Unescaped(line) + "\r\n";
   }
@@ -85,9 +91,9 @@ bool SameLine(const std::string& expected, const std::string& shown) {
   return std::fabs(difference) <= 0.51 * std::pow(10, -places);
 }
 
-// Compares what one show printed, up to its point, with the lines under it.
+// Compares what one show printed, up to the line with a point, with the expected lines.
 void ExpectShown(const Block& show, std::istream& shown) {
-  std::vector<std::string> missing = show.under;
+  std::vector<std::string> missing = show.indented;
   const bool allowsMore = std::erase(missing, "...") > 0;
   std::string differences;
   for (std::string line; std::getline(shown, line) && line != ".";) {
@@ -102,7 +108,7 @@ void ExpectShown(const Block& show, std::istream& shown) {
   EXPECT_EQ(differences, "") << "show in line " << show.lineNumber << ": + unexpected, - missing";
 }
 
-// What the driver prints for these actions, in the present folder.
+// Returns what the driver prints for these actions in the current folder.
 std::string Drive(const std::string& actions) {
   const char* command = std::getenv("TARNWICK_JOURNEY");
   std::ostringstream shown;
@@ -112,17 +118,17 @@ std::string Drive(const std::string& actions) {
     EXPECT_TRUE(RunJourney(in, shown, complaints)) << complaints.str();
     return shown.str();
   }
-  const std::string beside = fs::current_path().string();
-  std::ofstream(beside + ".actions") << actions;
-  const std::string line = command + (" <" + beside) + ".actions >" + beside + ".shown";
+  const std::string prefix = fs::current_path().string();
+  std::ofstream(prefix + ".actions") << actions;
+  const std::string line = command + (" <" + prefix) + ".actions >" + prefix + ".shown";
   EXPECT_EQ(std::system(line.c_str()), 0) << line;
-  shown << std::ifstream(beside + ".shown").rdbuf();
-  fs::remove(beside + ".actions");
-  fs::remove(beside + ".shown");
+  shown << std::ifstream(prefix + ".shown").rdbuf();
+  fs::remove(prefix + ".actions");
+  fs::remove(prefix + ".shown");
   return shown.str();
 }
 
-void Make(const fs::path& journey) {
+void RunJourneyFile(const fs::path& journey) {
   std::string home = testing::TempDir() + "tarnwickXXXXXX";
   ASSERT_NE(mkdtemp(home.data()), nullptr);
   fs::current_path(home);
@@ -143,9 +149,9 @@ void Make(const fs::path& journey) {
     if (block.line == "show") ExpectShown(block, shown);
     if (block.line.rfind("expect-file ", 0) != 0) continue;
     const auto& [path, content] = FileOf(block);
-    std::ostringstream held;
-    held << std::ifstream(path, std::ios::binary).rdbuf();
-    EXPECT_EQ(held.str(), content) << path;
+    std::ostringstream actual;
+    actual << std::ifstream(path, std::ios::binary).rdbuf();
+    EXPECT_EQ(actual.str(), content) << path;
   }
   fs::current_path(testing::TempDir());
   fs::remove_all(home);
@@ -153,34 +159,34 @@ void Make(const fs::path& journey) {
 
 class Journey : public testing::TestWithParam<fs::directory_entry> {};
 
-TEST_P(Journey, ShowsWhatItTells) {
-  Make(GetParam().path());
+TEST_P(Journey, ChangesWhatItLists) {
+  RunJourneyFile(GetParam().path());
 }
 
-// Where a comma stands in numbers, blanks part the thousands, and i has a capital of its own.
-class Language : public testing::TestWithParam<const char*> {};
+// Locales with a decimal comma, with blanks between thousands, and with another capital of i.
+class Locale : public testing::TestWithParam<const char*> {};
 
-TEST_P(Language, ChangesNoJourney) {
+TEST_P(Locale, ChangesNoJourney) {
   const std::string name = std::string(GetParam()) + ".UTF-8";
   const std::string folder = testing::TempDir() + "tarnwick_locales";
   fs::create_directories(folder);
   setenv("LOCPATH", folder.c_str(), 1);
-  const std::string make = "localedef -i " + std::string(GetParam()) + " -f UTF-8 " + folder + "/" +
-                           name + " >/dev/null 2>&1";
+  const std::string compile = "localedef -i " + std::string(GetParam()) + " -f UTF-8 " + folder +
+                              "/" + name + " >/dev/null 2>&1";
   if (setlocale(LC_ALL, name.c_str()) == nullptr &&
-      (std::system(make.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr))
-    GTEST_SKIP() << name << " can't be made here";
+      (std::system(compile.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr))
+    GTEST_SKIP() << name << " cannot be compiled here";
   const std::locale before = std::locale::global(std::locale(name));
-  EXPECT_EQ(std::to_string(1.5), "1,500000") << "the locale is in force";
+  EXPECT_EQ(std::to_string(1.5), "1,500000") << "the locale must be active";
   for (const auto& file : fs::directory_iterator(TARNWICK_JOURNEYS)) {
     SCOPED_TRACE(file.path());
-    Make(file.path());
+    RunJourneyFile(file.path());
   }
   std::locale::global(before);
   setlocale(LC_ALL, "C");
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Language, testing::Values("de_DE", "ru_RU", "tr_TR"),
+INSTANTIATE_TEST_SUITE_P(Of, Locale, testing::Values("de_DE", "ru_RU", "tr_TR"),
                          [](const auto& name) { return name.param; });
 INSTANTIATE_TEST_SUITE_P(Of, Journey,
                          testing::ValuesIn(fs::directory_iterator(TARNWICK_JOURNEYS),

@@ -9,20 +9,20 @@
 namespace {
 
 constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
-constexpr double kShareOfCell = 0.7;
-constexpr double kOneMetre = 0.001;
+constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
+constexpr double kOneMetre = 0.001;     // km
 
-// A cosine that rounding has pushed out of range, brought back to its end.
-double Clamped(double cosine) {
+// Brings a cosine that rounding pushed beyond -1 or 1 back to it.
+double ClampedCosine(double cosine) {
   return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
 }
 
 }  // namespace
 
 double ACS(double x) {
-  const double turn = (1 - SignOf(x)) * kPi / 2;
-  if (x == 0) return turn;
-  return Arctangent(std::sqrt(1 - x * x) / x) + turn;
+  const double quadrant = (1 - SignOf(x)) * kPi / 2;
+  if (x == 0) return quadrant;
+  return Arctangent(std::sqrt(1 - x * x) / x) + quadrant;
 }
 
 void DistBear(Workspace& w) {
@@ -39,8 +39,8 @@ void DistBear(Workspace& w) {
     w.BearUncert = 0;
     return;
   }
-  const double b1 = Clamped((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)));
-  const double b2 = Clamped((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)));
+  const double b1 = ClampedCosine((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)));
+  const double b2 = ClampedCosine((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)));
   w.Bearing = ACS(b1) * kDegreesPerRadian;
   w.Backbearing = ACS(b2) * kDegreesPerRadian;
   if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;

@@ -7,8 +7,7 @@
 
 #include "geo/angles.h"
 #include "geo/dist_bear.h"
-#include "geo/grid_encoder.h"
-#include "geo/grid_letters.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "geo/trigonometry.h"
@@ -224,7 +223,7 @@ bool PutGridReference(std::string& row, double easting, double northing, double 
   const std::optional<int> north = Rounded(northing / unit, kUnitMargin);
   if (!east || !north) return false;
   char* at = row.data() + kGridReferenceColumn - 1;
-  at = std::ranges::copy(LettersOf(*east / unitsPerSquare, *north / unitsPerSquare), at).out;
+  at = std::ranges::copy(SquareLetters(*east / unitsPerSquare, *north / unitsPerSquare), at).out;
   for (int value : {*east, *north}) {
     for (int i = digits; i-- > 0; value /= 10) at[i] = static_cast<char>('0' + value % 10);
     at += digits + 1;
@@ -299,7 +298,7 @@ RowVerdict GridRow(FastRows& fast, std::string_view line, const SiteLine& site,
       SquareAt(fast, IndexOf(reference[0], 'A') * kLetters + IndexOf(reference[1], 'A'));
   int easting = 0;
   int northing = 0;
-  CornerOf(reference[0], reference[1], easting, northing);
+  SquareCorner(reference[0], reference[1], easting, northing);
   if (square.patch == nullptr && !MakesGridPatch(fast, square, easting, northing))
     return RowVerdict::Unknown;
   RowVerdict verdict = RowVerdict::Dropped;

@@ -3,8 +3,7 @@
 #include <algorithm>
 
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "workspace/commands/classify_input.h"
 #include "workspace/values/number_text.h"
@@ -19,7 +18,7 @@ Limits LimitsOf(const MainWindow& main) {
 void DecodeRecord(Workspace& w, std::string_view line, const SiteLine& site, Columns& columns) {
   w.sitename = site.name;
   std::string position = UpperOf(site.position);
-  std::int16_t kind = kSiteName;
+  InputKind kind = kSiteName;
   ClassifyInput(position, kind);
   if (HasEndMarker(line)) kind = kSiteName;
   if (kind == kSiteName) {
