@@ -42,13 +42,16 @@ for picture in $(grep -o 'src="[^"]*"' "$manual/index.html" | cut -d'"' -f2); do
 done
 (! grep -o 'href="[^"#]*\.md[^"]*"' "$manual/index.html")
 
-# The program runs until it is asked to end, and then stores its settings.
+# The program runs until it is asked to end, says nothing, and then stores its settings.
 export HOME="$root/home" QT_QPA_PLATFORM=offscreen XDG_DATA_DIRS="$root/usr/share:/usr/share"
+export XDG_RUNTIME_DIR="$root/run"
 unset XDG_CONFIG_HOME XDG_DATA_HOME
 mkdir "$HOME"
+mkdir -m 700 "$XDG_RUNTIME_DIR"
 command=$(sed -n 's/^Exec=//p' "$entry")
 ended=0
-PATH="$root/usr/bin:$PATH" timeout 5 "$command" || ended=$?
+PATH="$root/usr/bin:$PATH" timeout 5 "$command" 2>"$root/messages" || ended=$?
 [ "$ended" = 124 ]
+(! grep . "$root/messages")
 [ -s "$HOME/.config/Tarnwick/Tarnwick.ini" ]
 echo "$package is in order"
