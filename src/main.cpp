@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(kProgramTitle);
   // By the desktop entry a task bar knows what the windows belong to, if it does not take their
   // icon.
-  QApplication::setDesktopFileName("tarnwick");
+  QApplication::setDesktopFileName("org.tarnwick.tarnwick");
   QApplication::setWindowIcon(QIcon(":/tarnwick.svg"));
   // Closing the Pointing window must not end the program while the main window is minimised.
   QApplication::setQuitOnLastWindowClosed(false);
