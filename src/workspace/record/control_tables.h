@@ -14,10 +14,6 @@ struct NamedControl {
   const char* name;
   Control Record::*member;
 };
-// clang before version 17 does not deduce the arguments of an aggregate by itself.
-template <class WindowRecord, class Control>
-NamedControl(const char*, Control WindowRecord::*) -> NamedControl<WindowRecord, Control>;
-
 template <class Record, class Control>
 constexpr NamedControl<Record, Control> MakeNamed(const char* name, Control Record::*member) {
   return {name, member};
