@@ -82,7 +82,7 @@ TEST_F(Serial, TellsWhenTheThresholdIsReachedAndLosesNothingUntilItsEventIsTaken
   busy_ = true;
   receiver.Send(stream);
   busy_ = false;
-  port_.Remind();
+  port_.Recheck();
   EXPECT_TRUE(Receives(stream));
 }
 
@@ -94,7 +94,7 @@ TEST_F(Serial, ClosesWhenTheLineHangsUpAndOpensAnewWithoutWhatCameBefore) {
     receiver->Send(std::string(unread, 'a'));
     receiver.reset();
     busy_ = false;
-    port_.Remind();
+    port_.Recheck();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !port_.IsOpen(); })) << unread;
     EXPECT_FALSE(port_.Open());
     received_.clear();
