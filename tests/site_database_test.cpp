@@ -201,12 +201,4 @@ TEST_F(Database, TheSampleIsWellFormed) {
   EXPECT_GE(names.size(), 100U);
 }
 
-TEST_F(Database, AViewerThatDoesNotStartIsReported) {
-  Write("Here~TQ3080");
-  w.Tarnwick.ListFileName.text = folder + "/List.txt";
-  platform.startsPrograms = false;
-  MakeList_Click(w);
-  EXPECT_EQ(platform.events.back(), "MsgBox Path or filename error");
-}
-
 }  // namespace

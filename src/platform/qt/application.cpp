@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "gps/nmea_receiver.h"
+#include "sites/listing/listing.h"
 #include "workspace/events/start_and_exit.h"
 
 Program::Program() {
@@ -15,7 +16,8 @@ Program::Program() {
     QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).ToFront(); });
   };
   desktop.serial.onComm = [this] { return mirror.Run(SetUpCom::MSComm1_OnComm); };
-  mirror.onIdle = [this] { desktop.serial.Remind(); };
+  desktop.onViewerFailure = [this] { return mirror.Run(ReportListingError); };
+  mirror.onIdle = [this] { desktop.Recheck(); };
 
   mainWindow.onClose = [this] {
     mirror.Run(CloseFrameEvent(WindowName::Tarnwick));
