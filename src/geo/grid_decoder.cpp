@@ -41,10 +41,10 @@ void Unproject(double easting, double northing, double& lat, double& lon) {
   const double nu3 = nu2 * nu;
   const double nu5 = nu3 * nu2;
   const double nu7 = nu5 * nu2;
-  const double t = Tangent(phi);
+  const double c = Cosine(phi);
+  const double t = Sine(phi) / c;
   const double t2 = t * t;
   const double t4 = t2 * t2;
-  const double c = Cosine(phi);
   const double y = easting - kFalseEasting;
   const double y2 = y * y;
 

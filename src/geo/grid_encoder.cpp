@@ -16,7 +16,8 @@ void Project(double lat, double lon, double& easting, double& northing) {
   const double c = Cosine(phi);
   const double c3 = c * c * c;
   const double c5 = c3 * c * c;
-  const double t2 = Tangent(phi) * Tangent(phi);
+  const double t = s / c;
+  const double t2 = t * t;
   const double t4 = t2 * t2;
   const double p2 = p * p;
 
