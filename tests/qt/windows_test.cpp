@@ -48,6 +48,11 @@ class Windows : public testing::Test {
     QTest::keyClicks(input, QString::fromUtf8(text));
   }
   void Enter() { QTest::keyClick(Find("InputText"), Qt::Key_Return); }
+  // In short rounds: where events take long, as under emulation, one round serves those that are
+  // due, and the others leave the whole time to the timers that they started.
+  static void Wait(int milliseconds) {
+    for (int waited = 0; waited < milliseconds; waited += 10) QTest::qWait(10);
+  }
   void Click(const char* name, QWidget* in = nullptr) {
     QTest::mouseClick(Find<QPushButton>(name, in), Qt::LeftButton);
   }
@@ -84,7 +89,7 @@ TEST_F(Windows, BringBackTheHomeStationAndThePlaceOnScreen) {
   Enter();
   Click("SetHome");
   Find<QCheckBox>("SaveOnExit")->click();
-  QTest::qWait(500);  // a move this soon after the start is the window manager's
+  Wait(500);  // a move this soon after the start is the window manager's
   program_->mainWindow.move(120, 90);
   program_->mainWindow.close();
   Restart();
@@ -307,10 +312,10 @@ TEST_F(Windows, TakeTheirSizeFromTheUserAlone) {
   Type("io91wm");
   Enter();
   Click("SetHome");
-  QTest::qWait(500);  // a size this soon after the start is the window manager's
+  Wait(500);  // a size this soon after the start is the window manager's
   Click("GenList");
   EXPECT_EQ(program_->w.Tarnwick.height, 6780);
-  QTest::qWait(500);
+  Wait(500);
   program_->mainWindow.windowHandle()->resize(800, 700);
   QTest::qWait(1);
   EXPECT_EQ(program_->w.Tarnwick.width, 12000);
@@ -375,7 +380,7 @@ TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
     Click("SetHome");
     program_->mirror.Run(OpenResults);
     Click("UseNMEA");
-    QTest::qWait(100);  // the frames are there
+    Wait(100);  // the frames are there
     const QRect main = program_->mainWindow.geometry();
     const QRect pointing = program_->pointing.geometry();
     EXPECT_TRUE(screen.intersects(main));
