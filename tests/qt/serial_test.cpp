@@ -4,6 +4,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
@@ -156,7 +158,7 @@ TEST_F(Serial, BringsPlacesOnScreen) {
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
   const Receiver second(folder_, "rfcomm7");
   auto first = std::make_unique<Receiver>(folder_, "ttyUSB2");
-  Program program;
+  Application program;
   program.desktop.serial.deviceFolder = folder_.path();
   program.Start();
   auto* ports = program.setUp.findChild<QComboBox*>("CPort");

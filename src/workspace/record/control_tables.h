@@ -14,6 +14,8 @@ struct NamedControl {
   const char* name;
   Control WindowRecord::*member;
 };
+template <class WindowRecord, class Control>
+NamedControl(const char*, Control WindowRecord::*) -> NamedControl<WindowRecord, Control>;
 
 #define TARNWICK_CONTROL(window, name) \
   NamedControl { #name, &window::name }
