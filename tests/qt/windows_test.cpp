@@ -353,7 +353,7 @@ TEST_F(Windows, TakeTheirSizeFromTheUserAlone) {
 }
 
 // What a window manager makes of a request is not the user's doing.
-TEST(ChangeOrigin, TellsTheUserFromTheWindowManager) {
+TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
   ChangeOrigin<int> origin;
   const struct {
     int requested, reported;  // 0: no request

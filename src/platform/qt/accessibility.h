@@ -8,8 +8,8 @@ class QComboBox;
 class QLabel;
 class QWidget;
 
-// Gives the windows and the picture roles of their own instead of "filler". Call it before the
-// first window appears; further calls change nothing.
+// Makes the windows and the picture known by roles of their own, not as "filler". Call it before
+// the first window appears; further calls change nothing.
 void InstallAccessibleRoles();
 
 // Sets what is read after the widget's name: `text`, after the word "Calculated" if the program

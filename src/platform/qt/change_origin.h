@@ -1,10 +1,10 @@
 // Whose doing a change of a window's position or size is.
 #pragma once
 
-// Tells the user's changes of a position or size from the program's. The window system reports each
-// change. Its first report after a request of the program is the answer, with the value requested
-// or with one that the window manager chose. Any later report of another value is a change by the
-// user.
+// Separates the user's changes of a position or size from the program's. The window system reports
+// each change. Its first report after a request of the program is the answer, with the value
+// requested or with one that the window manager chose. Any later report of another value is a
+// change by the user.
 template <class Value>
 class ChangeOrigin {
  public:
