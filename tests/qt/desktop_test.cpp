@@ -127,7 +127,7 @@ TEST_F(DesktopTest, ReportsAViewerThatFails) {
   QTest::qWait(100);
   EXPECT_EQ(failures, 2);
 
-  Program program;
+  Application program;
   EXPECT_TRUE(program.desktop.Shell("Notepad.exe a", WindowStyle::Normal));
   QString message;
   QTimer watch;

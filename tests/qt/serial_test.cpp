@@ -5,6 +5,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cerrno>
@@ -211,7 +213,7 @@ class SerialProgram : public Serial {
   SerialProgram() {
     qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
-    program_ = std::make_unique<Program>();
+    program_ = std::make_unique<Application>();
     program_->desktop.serial.deviceFolder = folder_.path();
   }
   void Open(const char* port) {
@@ -236,7 +238,7 @@ class SerialProgram : public Serial {
     other_.Close();
     return isFree;
   }
-  std::unique_ptr<Program> program_;
+  std::unique_ptr<Application> program_;
 };
 
 TEST_F(SerialProgram, FollowsAReceiverUntilItIsPausedOrClosed) {

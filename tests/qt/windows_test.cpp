@@ -1,10 +1,15 @@
-// The real windows: that the record and the widgets agree, and what a user's hands do.
+// The real windows: the record and the widgets agree, whatever the user does.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -26,10 +31,10 @@ class Windows : public testing::Test {
     Restart();
   }
 
-  void Restart() {
+  void Restart(const QString& place = {}) {
     program_.reset();
-    program_ = std::make_unique<Program>();
-    program_->Start();
+    program_ = std::make_unique<Application>();
+    program_->Start(place);
   }
 
   template <class Widget = QLineEdit>
@@ -57,8 +62,15 @@ class Windows : public testing::Test {
     QTest::mouseClick(Find<QPushButton>(name, in), Qt::LeftButton);
   }
 
+  // Moves the frame of a window behind the back of its widget, as a window manager does.
+  static void MoveByUser(FramedWindow& window, QPoint position) {
+    QTest::qWait(1);
+    window.windowHandle()->setFramePosition(position);
+    QTest::qWait(1);
+  }
+
   QTemporaryDir home_;
-  std::unique_ptr<Program> program_;
+  std::unique_ptr<Application> program_;
 };
 
 TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
@@ -72,6 +84,10 @@ TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
   Type("NN166712");
   Enter();
   EXPECT_EQ(TextOf("BearText", &program_->pointing), "333.5");
+  const auto* compass =
+      QAccessible::queryAccessibleInterface(Find<QWidget>("C", &program_->pointing));
+  EXPECT_EQ(compass->role(), QAccessible::Graphic);
+  EXPECT_EQ(compass->text(QAccessible::Name), "Bearing 333.5 degrees");
   program_->pointing.close();
   EXPECT_FALSE(program_->pointing.isVisible());
   Type(
@@ -89,14 +105,19 @@ TEST_F(Windows, BringBackTheHomeStationAndThePlaceOnScreen) {
   Enter();
   Click("SetHome");
   Find<QCheckBox>("SaveOnExit")->click();
-  Wait(500);  // a move this soon after the start is the window manager's
-  program_->mainWindow.move(120, 90);
+  MoveByUser(program_->mainWindow, {120, 90});
   program_->mainWindow.close();
   Restart();
   EXPECT_EQ(TextOf("LocText"), "IO91WM44MM");
   EXPECT_EQ(program_->mainWindow.pos(), QPoint(120, 90));
   EXPECT_EQ(program_->w.Tarnwick.left, 1800);
   EXPECT_TRUE(program_->pointing.isVisible());
+}
+
+TEST_F(Windows, UseThePlaceOfTheCommandLine) {
+  Restart("51 30 15 N 1 15 30 W");
+  EXPECT_EQ(TextOf("InputText"), "51 30 15 N 1 15 30 W");
+  EXPECT_EQ(TextOf("NGRText"), "SU51574 78620");
 }
 
 // Letters of other sets give way as they are typed; a screen reader sets texts without keys.
@@ -112,11 +133,13 @@ TEST_F(Windows, TakeEditsWhateverTheirSource) {
   EXPECT_EQ(program_->w.SetUpCom.Baud.text, "115200");
   // A command that brings back what was there before the edit shows it.
   Find("MinDisttext")->setText("5");
-  program_->mirror.Run([](Workspace& w) {
+  program_->runner.Run([](Workspace& w) {
     w.Tarnwick.MinDisttext.text = "0";
     w.SetUpCom.Baud.text = "9600";
   });
   EXPECT_EQ(TextOf("MinDisttext"), "0");
+  QTest::keyClicks(Find("NGRText"), "1");
+  EXPECT_EQ(TextOf("NGRText"), "") << "read-only";
   EXPECT_EQ(Find<QComboBox>("Baud", &program_->setUp)->currentText(), "9600");
 }
 
@@ -210,6 +233,18 @@ TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
   check(&program_->setUp, program_->w.SetUpCom);
 }
 
+TEST_F(Windows, DescribeControlsByTheirTipsAlone) {
+  qunsetenv("TARNWICK_FIELD_NAMES");
+  Restart();
+  EXPECT_EQ(Find("NGRText")->accessibleDescription(), kCalculatedTip);
+  EXPECT_EQ(Find("EastNorth")->accessibleDescription(), "");
+  EXPECT_EQ(Find<QLabel>("Xdim")->accessibleDescription(), "Resolution, width");
+  const auto* baud = Find<QComboBox>("Baud", &program_->setUp);
+  EXPECT_EQ(baud->accessibleName(), "Baud Rate");
+  EXPECT_EQ(baud->lineEdit()->accessibleName(), "Baud Rate");
+  qputenv("TARNWICK_FIELD_NAMES", "1");
+}
+
 // Which form was calculated is seen by its colour; it must be heard as well.
 TEST_F(Windows, SayWhichFormWasCalculated) {
   const struct {
@@ -238,7 +273,7 @@ TEST_F(Windows, DoEverythingByKeysAlone) {
     key(Qt::Key_Return);
   };
   const auto toMainWindow = [this] {
-    program_->mainWindow.ToFront();
+    program_->mainWindow.BringToFront();
     return QTest::qWaitForWindowActive(&program_->mainWindow);
   };
   ASSERT_TRUE(toMainWindow());
@@ -275,7 +310,7 @@ TEST_F(Windows, DoEverythingByKeysAlone) {
 }
 
 TEST_F(Windows, LetTheMessageOfAReceiverBeCopied) {
-  program_->mirror.Run([](Workspace& w) {
+  program_->runner.Run([](Workspace& w) {
     w.SetUpCom.visible = true;
     w.SetUpCom.Text1.text = "no such port";
   });
@@ -291,7 +326,7 @@ TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
   Enter();
   Click("SetHome");
   Click("GenList");
-  program_->mainWindow.ToFront();
+  program_->mainWindow.BringToFront();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->mainWindow));
   auto* first = Find<QWidget>("LocDatabase");
   first->setFocus();
@@ -312,14 +347,29 @@ TEST_F(Windows, TakeTheirSizeFromTheUserAlone) {
   Type("io91wm");
   Enter();
   Click("SetHome");
-  Wait(500);  // a size this soon after the start is the window manager's
   Click("GenList");
+  QTest::qWait(1);
   EXPECT_EQ(program_->w.Tarnwick.height, 6780);
-  Wait(500);
+  EXPECT_EQ(program_->w.Tarnwick.top, 100) << "not a whole number of pixels";
   program_->mainWindow.windowHandle()->resize(800, 700);
   QTest::qWait(1);
   EXPECT_EQ(program_->w.Tarnwick.width, 12000);
   EXPECT_EQ(program_->w.Tarnwick.height, 10500);
+}
+
+// What a window manager makes of a request is not the user's doing.
+TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
+  ChangeOrigin<int> origin;
+  const struct {
+    int requested, reported;  // 0: no request
+    bool isUsers;
+  } rows[] = {{1, 2, false},                 // placed elsewhere
+              {0, 2, false}, {0, 1, false},  // a report for each of two changes
+              {0, 3, true},  {0, 1, true},  {4, 1, false}, {0, 4, false}, {0, 5, true}};
+  for (const auto& [requested, reported, isUsers] : rows) {
+    if (requested != 0) origin.Request(requested);
+    EXPECT_EQ(origin.IsUsers(reported), isUsers) << requested << " " << reported;
+  }
 }
 
 // A double click does what OK does, beside the entries as well, where it leaves what is selected.
@@ -339,7 +389,7 @@ TEST_F(Windows, PickAnEntryByADoubleClick) {
               {-1, -1, Qt::LeftButton, ""}};
   QFile::copy(TARNWICK_SAMPLE, home_.filePath("data/tarnwick/drive_c/geog/Sites.dat"));
   for (const auto& [pressed, twice, button, picked] : rows) {
-    program_->mirror.Run([](Workspace& w) {
+    program_->runner.Run([](Workspace& w) {
       OpenResults(w);
       w.ShowList.PR.items.Add("IO91WM");
       w.ShowList.PR.items.Add("IO91WN");
@@ -356,7 +406,7 @@ TEST_F(Windows, PickAnEntryByADoubleClick) {
 // By the arrow keys every entry is reached, the first as well while another text stands there.
 TEST_F(Windows, ReachTheFirstPortByDown) {
   auto* ports = Find<QComboBox>("CPort", &program_->setUp);
-  program_->mirror.Run([](Workspace& w) {
+  program_->runner.Run([](Workspace& w) {
     w.SetUpCom.CPort.items = {"COM9", "COM18"};
     w.SetUpCom.CPort.text = "7";
   });
@@ -365,6 +415,10 @@ TEST_F(Windows, ReachTheFirstPortByDown) {
   EXPECT_EQ(program_->w.SetUpCom.CPort.text, "COM9");
   QTest::keyClick(ports, Qt::Key_Down);
   EXPECT_EQ(program_->w.SetUpCom.CPort.text, "COM18");
+  program_->runner.Run([](Workspace& w) { w.SetUpCom.CPort.items = {"COM9", "COM25"}; });
+  EXPECT_EQ(ports->itemText(1), "COM25") << "as many ports, but others";
+  EXPECT_TRUE(ports->itemData(1, Qt::ToolTipRole).toString().endsWith("rfcomm0"));
+  EXPECT_EQ(ports->currentText(), "COM18");
 }
 
 // Wherever the main window was left, the others are on the screen.
@@ -374,11 +428,11 @@ TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
     Restart();
     program_->w.Tarnwick.left = static_cast<float>(corner.x()) * kTwipsPerPixel;
     program_->w.Tarnwick.top = static_cast<float>(corner.y()) * kTwipsPerPixel;
-    program_->mirror.Show();
+    program_->runner.Refresh();
     Type("IO91WM");
     Enter();
     Click("SetHome");
-    program_->mirror.Run(OpenResults);
+    program_->runner.Run(OpenResults);
     Click("UseNMEA");
     Wait(100);  // the frames are there
     const QRect main = program_->mainWindow.geometry();
@@ -408,9 +462,9 @@ TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
     Click("SetHome");
     Click("GenList");
     Click("UseNMEA");
-    program_->mirror.Run(OpenResults);
+    program_->runner.Run(OpenResults);
     QTest::qWait(1);
-    for (const FramedWindow* window : program_->round) {
+    for (const FramedWindow* window : program_->windowCycle) {
       for (auto* widget : window->findChildren<QWidget*>(QRegularExpression("."))) {
         if (!widget->isVisible()) continue;
         EXPECT_GE(widget->width(), widget->minimumSizeHint().width())

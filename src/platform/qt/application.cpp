@@ -9,40 +9,35 @@
 #include "sites/listing/listing.h"
 #include "workspace/events/start_and_exit.h"
 
-Program::Program() {
-  desktop.showRecord = [this] { mirror.Show(); };
-  // Queued: the window may be shown by the command that asks.
+Application::Application() {
+  desktop.showRecord = [this] { runner.Refresh(); };
+  // Queued, because the command that asks may also be what shows the window.
   desktop.focusWindow = [this](WindowName name) {
-    QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).ToFront(); });
+    QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).BringToFront(); });
   };
-  desktop.serial.onComm = [this] { return mirror.Run(SetUpCom::MSComm1_OnComm); };
-  desktop.onViewerFailure = [this] { return mirror.Run(ReportListingError); };
-  mirror.onIdle = [this] { desktop.Recheck(); };
-
-  mainWindow.onClose = [this] {
-    mirror.Run(CloseFrameEvent(WindowName::Tarnwick));
+  desktop.serial.onComm = [this] { return runner.Run(SetUpCom::MSComm1_OnComm); };
+  desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
+  runner.onIdle = [this] { desktop.Recheck(); };
+  mainWindow.onClosed = [this] {
     desktop.settings.Flush();
     if (onEnd) onEnd();
   };
-  for (const WindowName name :
-       {WindowName::BearingCalc, WindowName::ShowList, WindowName::SetUpCom})
-    WindowOf(name).onClose = [this, name] { mirror.Run(CloseFrameEvent(name)); };
-
-  for (FramedWindow* window : round) {
+  for (FramedWindow* window : windowCycle) {
     auto* next = new QShortcut(Qt::Key_F6, window);
-    QObject::connect(next, &QShortcut::activated, window, [this, window] { GoOnFrom(window); });
+    QObject::connect(next, &QShortcut::activated, window,
+                     [this, window] { ActivateNextWindow(window); });
   }
 }
 
-void Program::GoOnFrom(const FramedWindow* window) {
-  auto next = std::find(round.begin(), round.end(), window);
+void Application::ActivateNextWindow(const FramedWindow* window) {
+  const auto* next = std::find(windowCycle.begin(), windowCycle.end(), window);
   do {
-    if (++next == round.end()) next = round.begin();
+    if (++next == windowCycle.end()) next = windowCycle.begin();
   } while (!(*next)->isVisible());
-  (*next)->ToFront();
+  (*next)->BringToFront();
 }
 
-FramedWindow& Program::WindowOf(WindowName name) {
+FramedWindow& Application::WindowOf(WindowName name) {
   switch (name) {
     case WindowName::BearingCalc:
       return pointing;
@@ -55,8 +50,8 @@ FramedWindow& Program::WindowOf(WindowName name) {
   }
 }
 
-void Program::End() {
-  if (!mirror.IsBusy()) {
+void Application::End() {
+  if (!runner.IsBusy()) {
     mainWindow.close();
     return;
   }
@@ -64,6 +59,7 @@ void Program::End() {
   QTimer::singleShot(0, &mainWindow, [this] { End(); });
 }
 
-void Program::Start() {
-  mirror.Run(Form_Load);
+void Application::Start(const QString& place) {
+  runner.Run(Form_Load);
+  if (!place.isEmpty()) mainWindow.UsePlace(place);
 }

@@ -5,7 +5,10 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -40,9 +43,9 @@ constexpr int kKeys[] = {Qt::Key_A,      Qt::Key_Q,     Qt::Key_1,        Qt::Ke
                          Qt::Key_Right,  Qt::Key_Up,    Qt::Key_PageDown, Qt::Key_Down,
                          Qt::Key_U,      Qt::Key_L,     Qt::Key_S,        Qt::Key_M};
 
-class RandomHands : public testing::Test {
+class RandomActions : public testing::Test {
  protected:
-  RandomHands() {
+  RandomActions() {
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home_.path());
     qputenv("XDG_DATA_HOME", home_.path().toUtf8());
     qputenv("PATH", home_.path().toUtf8());
@@ -58,7 +61,7 @@ class RandomHands : public testing::Test {
     boxes_.start(1);
     qInstallMessageHandler(Complain);
   }
-  ~RandomHands() override {
+  ~RandomActions() override {
     qInstallMessageHandler(nullptr);
     qputenv("PATH", path_);
     QDir::setCurrent("/");
@@ -72,7 +75,7 @@ class RandomHands : public testing::Test {
   }
 
   void Start() {
-    program_ = std::make_unique<Program>();
+    program_ = std::make_unique<Application>();
     program_->desktop.serial.deviceFolder = home_.path();
     program_->onEnd = [this] { ended_ = true; };
     ended_ = false;
@@ -176,11 +179,11 @@ class RandomHands : public testing::Test {
   QTimer boxes_;
   std::mt19937 random_{1};
   QStringList did_;
-  std::unique_ptr<Program> program_;
+  std::unique_ptr<Application> program_;
   bool ended_ = false;
 };
 
-TEST_F(RandomHands, NeverUpsetTheWindows) {
+TEST_F(RandomActions, NeverUpsetTheWindows) {
   const int actions = qEnvironmentVariableIsSet("TARNWICK_DEEP") ? 20'000 : 1'500;
   Start();
   qint64 slowest = 0;
@@ -189,7 +192,7 @@ TEST_F(RandomHands, NeverUpsetTheWindows) {
     timer.start();
     Act();
     QApplication::processEvents();
-    EXPECT_FALSE(program_->mirror.IsBusy()) << "a window is stuck";
+    EXPECT_FALSE(program_->runner.IsBusy()) << "a window is stuck";
     slowest = std::max(slowest, timer.elapsed());
     if (ended_) Start();
     ExpectShown(program_->mainWindow, program_->w.Tarnwick);
