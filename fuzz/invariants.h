@@ -18,6 +18,7 @@
 #include "platform/headless/headless.h"
 #include "sites/lookup/lookup.h"
 #include "workspace/commands/home_station.h"
+#include "workspace/commands/place_display.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/events/start_and_exit.h"
 #include "workspace/record/control_tables.h"
@@ -134,7 +135,7 @@ inline void CheckPlace(const Workspace& w) {
   if (ngr != "Not valid" && ngr.find(' ') != std::string::npos)
     // Rounded to the nearest corner, and the sphere is not the ellipsoid.
     Require(DistanceTo(w, ngr, cell) <= 0.72 * cell + kMetre, "a reference reads back");
-  const bool workedOut = loc.fore == kRed || loc.back == kLatLongGround;
+  const bool workedOut = loc.fore == kRed || loc.back == kLatLongBackground;
   if (!workedOut || loc.text.empty()) return;
   Require(loc.text.size() == 10, "a locator shown has ten characters");
   if (std::fabs(w.Lat) >= 90 || std::fabs(w.Lon) >= 180) return;
