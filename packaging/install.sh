@@ -42,10 +42,11 @@ fi
 echo "These Debian packages are missing; ${as_root:+sudo }apt-get installs them now: $missing" >&2
 
 added=
-if [ -n "$target" ] && ! dpkg --print-foreign-architectures | grep -qx "$target"; then
-  $as_root dpkg --add-architecture "$target"
-  added=yes
-fi
+case $missing in
+  *:"$target"*)
+    dpkg --print-foreign-architectures | grep -qx "$target" || added=$target
+    [ -z "$added" ] || $as_root dpkg --add-architecture "$added" ;;
+esac
 # shellcheck disable=SC2086
 if $as_root apt-get update -qq >&2 &&
   $as_root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 install -y -qq \
@@ -53,5 +54,5 @@ if $as_root apt-get update -qq >&2 &&
   exit 0
 fi
 # An architecture whose packages cannot be had must not spoil later updates.
-[ -z "$added" ] || { $as_root dpkg --remove-architecture "$target" && $as_root apt-get update -qq; } >&2
+[ -z "$added" ] || { $as_root dpkg --remove-architecture "$added" && $as_root apt-get update -qq; } >&2
 exit 1
