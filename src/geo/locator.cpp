@@ -1,6 +1,7 @@
 #include "geo/locator.h"
 
 #include <cstddef>
+#include <cstdint>
 
 #include "geo/angles.h"
 #include "geo/trigonometry.h"
@@ -19,31 +20,47 @@ constexpr double kHalfCellLat = 0.000086;
 
 // The number of the character at a position that counts from 1.
 int LetterAt(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - 'A';
+  return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
 int DigitAt(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - '0';
+  return static_cast<unsigned char>(lc[position - 1]) - '0';
 }
 
-// The numbers of the five characters that divide one axis.
-struct CellNumbers {
-  int field, square, subsquare, extended, finest;
-};
+constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
 
-// Divides an axis of 18 fields of 10 units. On which side a place on the edge of a cell falls
-// depends on the order of this arithmetic.
-CellNumbers DivideAxis(double axis) {
-  CellNumbers cell{};
-  cell.field = FloorToInt16(axis / 10);
-  const double inField = axis - 10 * cell.field;
-  cell.square = FloorToInt16(inField);
-  const double inSquare = inField - cell.square;
-  cell.subsquare = FloorToInt16(inSquare * 24);
-  const double inSubsquare = inSquare - cell.subsquare / 24.0;
-  cell.extended = FloorToInt16(inSubsquare * 240);
-  const double inExtended = inSubsquare - cell.extended / 240.0;
-  cell.finest = FloorToInt16(inExtended * 5760);
-  return cell;
+// Writes the characters of one axis as WriteAxis does. The order of the steps decides on which side
+// a place on the edge of a cell falls.
+void WriteAxisByStep(double axis, char* at) {
+  const int field = FloorToInt16(axis / 10);
+  const double inField = axis - 10 * field;
+  const int square = FloorToInt16(inField);
+  const double inSquare = inField - square;
+  const int subsquare = FloorToInt16(inSquare * 24);
+  const double inSubsquare = inSquare - subsquare / 24.0;
+  const int extended = FloorToInt16(inSubsquare * 240);
+  const double inExtended = inSubsquare - extended / 240.0;
+  const int finest = FloorToInt16(inExtended * kCells);
+  at[0] = CharFromCode('A' + field);
+  at[2] = CharFromCode('0' + square);
+  at[4] = CharFromCode('A' + subsquare);
+  at[6] = CharFromCode('0' + extended);
+  at[8] = CharFromCode('A' + finest);
+}
+
+// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
+// The number of the smallest cell is enough for them where rounding cannot lead to another cell.
+void WriteAxis(double axis, char* at) {
+  constexpr double kMargin = 1e-6;
+  const double cells = axis * kCells;
+  if (!(cells >= 0 && cells < 180 * kCells)) return WriteAxisByStep(axis, at);
+  auto rest = static_cast<std::uint32_t>(static_cast<std::int32_t>(cells));
+  const double inCell = cells - rest;
+  if (inCell < kMargin || inCell > 1 - kMargin) return WriteAxisByStep(axis, at);
+  at[8] = static_cast<char>('A' + rest % 24);
+  at[6] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[4] = static_cast<char>('A' + (rest /= 10) % 24);
+  at[2] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[0] = static_cast<char>('A' + rest / 10);
 }
 
 }  // namespace
@@ -73,13 +90,9 @@ void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resol
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {
-  const CellNumbers lat = DivideAxis(Lat + 90);
-  const CellNumbers lon = DivideAxis((Lon + 180) / 2);
-  lc.clear();
-  for (const int code : {lon.field + 'A', lat.field + 'A', lon.square + '0', lat.square + '0',
-                         lon.subsquare + 'A', lat.subsquare + 'A', lon.extended + '0',
-                         lat.extended + '0', lon.finest + 'A', lat.finest + 'A'})
-    lc += CharOf(code);
+  lc.resize(10);
+  WriteAxis((Lon + 180) / 2, lc.data());
+  WriteAxis(Lat + 90, lc.data() + 1);
 }
 
 void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {
