@@ -1,13 +1,15 @@
 #!/bin/sh
-# Installs what is missing, builds the release and starts the program.
+# Builds the program and starts it: run.sh [PLACE]. Missing Debian packages are installed first, with
+# apt-get.
 set -eu
 cd "$(dirname "$0")"
 
 packaging/install.sh run
+echo "Building; the first time takes a minute or two."
 cmake --preset release >/dev/null
 cmake --build --preset release
 
-# The sample database, where the program looks at first; what is there already stays.
+# The sample database, at the path where the program looks first. An existing database stays.
 drive=${XDG_DATA_HOME:-$HOME/.local/share}/tarnwick/drive_c
 mkdir -p "$drive/geog"
 if [ -z "$(find "$drive" -ipath "$drive/geog/sites.dat")" ]; then
@@ -24,4 +26,4 @@ TEXT
   export QT_QPA_PLATFORM=vnc:port=5900:size=1280x800
   export LD_PRELOAD="$PWD/build/release/libloopback_only.so"
 fi
-exec build/release/tarnwick
+exec build/release/tarnwick "$@"

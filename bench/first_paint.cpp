@@ -24,7 +24,7 @@ int main(int count, char** arguments) {
   QApplication application(count, arguments);
   EndAtPaint end;
   if (count > 1 && std::string_view(arguments[1]) == "program") {
-    Program program;
+    Application program;
     program.mainWindow.installEventFilter(&end);
     program.Start();
     return QApplication::exec();

@@ -8,8 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/local_polynomials.h"
 #include "geo/national_grid.h"
 

@@ -2,8 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/lat_long_display.h"
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"

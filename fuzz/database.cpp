@@ -1,29 +1,36 @@
-// A database file under its three readers.
-//   Input  a line with the text that is sought, then the file. In it \x1D and a character stand for
-//          so many of that character that lines reach their longest and cross the read buffer.
+// A hostile database file, read by Use This, Lookup and the listing.
+//   Input  a line with the text to look for, then the file. \x1D and a character are replaced by
+//          kRun of that character, so that lines reach the length limit and cross the read buffer.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+#include <string>
+
 #include "fuzz/invariants.h"
 #include "sites/database/line_reader.h"
 #include "sites/listing/listing.h"
 #include "sites/lookup/lookup.h"
+#include "workspace/commands/home_station.h"
 
 namespace {
 
-constexpr std::size_t kMany = 10'922;  // a third of the longest line
+constexpr std::size_t kRun = 10'922;  // a third of the longest line
 constexpr int kMostRuns = 30;
 
-std::string FileOf(const std::string& text) {
+std::string WithRunsExpanded(const std::string& text) {
   std::string file;
   int runs = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '\x1D' && i + 1 < text.size() && runs++ < kMostRuns)
-      file.append(kMany, text[++i]);
+      file.append(kRun, text[++i]);
     else
       file += text[i];
   }
   return file;
 }
 
-std::size_t EntriesFor(Program& program, const std::string& sought) {
+std::size_t CountEntries(Program& program, const std::string& sought) {
   program.w.Tarnwick.InputText.text = sought;
   program.w.ShowList = {};
   Bounded([&] { Lookup_Click(program.w); });
@@ -31,8 +38,8 @@ std::size_t EntriesFor(Program& program, const std::string& sought) {
   return program.w.ShowList.PR.items.size();
 }
 
-// Makes a listing of all sites; gives the number of its rows.
-std::size_t RowsListed(Program& program) {
+// Makes a listing of all sites and returns the number of its rows.
+std::size_t CountRows(Program& program) {
   constexpr std::size_t kRow = 132;
   constexpr int kHeaderLines = 8;
   Bounded([&] { MakeList_Click(program.w); });
@@ -55,16 +62,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string input(data, data + size);
   const std::size_t end = std::min(input.find('\n'), size);
   const std::string sought = input.substr(0, end);
-  const std::string file = FileOf(input.substr(std::min(end + 1, size)));
+  const std::string file = WithRunsExpanded(input.substr(std::min(end + 1, size)));
   std::ofstream(GeogFile("Sites.dat"), std::ios::binary) << file;
 
   Program program;
   UseThis(program.w, "SU1234");
   SetHome_Click(program.w);
   UseThis(program.w, sought, kLongestLine);
-  (void)EntriesFor(program, sought);
-  Require(RowsListed(program) == EntriesFor(program, "~"),
-          "all lines with a ~ are listed, and no others");
+  (void)CountEntries(program, sought);
+  Require(CountRows(program) == CountEntries(program, "~"),
+          "exactly the lines with a ~ are listed");
   Require(ContentOf(GeogFile("Sites.dat")) == file, "the database is never written");
   return 0;
 }

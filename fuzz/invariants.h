@@ -1,34 +1,37 @@
-// What every fuzz target shares: a program to feed, and what must hold of it whatever it is fed.
+// Shared by all fuzz targets: a program to run, and checks that must pass whatever its input is.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "geo/locator.h"
 #include "platform/code_page.h"
 #include "platform/headless/headless.h"
 #include "sites/lookup/lookup.h"
 #include "workspace/commands/home_station.h"
+#include "workspace/commands/place_display.h"
 #include "workspace/commands/use_this.h"
-#include "workspace/events/start_and_exit.h"
 #include "workspace/record/control_tables.h"
+#include "workspace/record/workspace.h"
 
-inline void Require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "does not hold: %s\n", what);
+// Aborts with a message if a condition is false.
+inline void Require(bool condition, const char* what) {
+  if (condition) return;
+  std::fprintf(stderr, "violated: %s\n", what);
   std::abort();
 }
 
-// A folder of this process, gone at its end.
+// A temporary folder of this process, removed at its end.
 inline const std::filesystem::path& Folder() {
   struct Made {
     Made() {
@@ -44,7 +47,7 @@ inline const std::filesystem::path& Folder() {
   return made.path;
 }
 
-// Where c:\geog\NAME lies.
+// The path of c:\geog\NAME.
 inline std::filesystem::path GeogFile(const char* name) {
   return Folder() / "drive_c" / "geog" / name;
 }
@@ -71,18 +74,20 @@ struct Program {
   Workspace w{platform};
 };
 
-// Every call ends within half a second of processor time, checked code and all.
+// Runs a call; requires that it takes less than half a second of processor time, sanitizers
+// included.
 inline void Bounded(auto&& call) {
   const std::clock_t before = std::clock();
   call();
   Require(std::clock() - before < CLOCKS_PER_SEC / 2, "the work of a call is bounded");
 }
 
-// Texts of a length in keeping with what was fed, that come back from the screen as they went
-// there; numbers that are finite and in their ranges; stores that do not grow without end.
-inline void CheckRecord(const Workspace& w, std::size_t fed) {
-  const auto text = [fed](const std::string& shown) {
-    Require(shown.size() <= 1500 + 4 * fed, "texts are of finite length");
+// Requires that texts are in the single-byte set and not much longer than the `inputSize`
+// characters of input, that numbers are finite and in their ranges, and that no list grows without
+// end.
+inline void CheckRecord(const Workspace& w, std::size_t inputSize) {
+  const auto text = [inputSize](const std::string& shown) {
+    Require(shown.size() <= 1500 + 4 * inputSize, "texts are of finite length");
     const bool ascii = std::all_of(shown.begin(), shown.end(), [](char c) { return c >= 0; });
     Require(ascii || FromUtf8(ToUtf8(shown)) == shown, "texts are within the single-byte set");
   };
@@ -93,7 +98,7 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
       if constexpr (requires { control.caption; }) text(control.caption);
     });
     for (const float number : {shown.left, shown.top, shown.width, shown.height})
-      Require(std::isfinite(number), "places of windows are finite");
+      Require(std::isfinite(number), "positions of windows are finite");
   };
   window(w.Tarnwick);
   window(w.BearingCalc);
@@ -112,7 +117,8 @@ inline void CheckRecord(const Workspace& w, std::size_t fed) {
   Require(std::set(ports.begin(), ports.end()).size() == ports.size(), "a port is listed once");
 }
 
-// How far, in km, the place that a text reads as lies from the record's; km of its cell in `cell`.
+// Returns the distance, km, of the place in a text from the current place; `cell` is the size of
+// its cell, km.
 inline double DistanceTo(const Workspace& w, const std::string& text, double& cell) {
   Program reader;
   reader.w.Lat = w.Lat;
@@ -124,18 +130,19 @@ inline double DistanceTo(const Workspace& w, const std::string& text, double& ce
   return reader.w.Dist;
 }
 
-// After a command that showed a place: what the program worked out itself is well formed and reads
-// back to within its own cell. A reference that was typed stands without its blank.
+// After a command that showed a place: requires that calculated references are well formed and
+// decode to within their own cell. (A calculated grid reference has a blank, an entered one has
+// none.)
 inline void CheckPlace(const Workspace& w) {
   constexpr double kMetre = 0.001;
   const std::string& ngr = w.Tarnwick.NGRText.text;
   const TextBox& loc = w.Tarnwick.LocText;
   double cell = 0;
   if (ngr != "Not valid" && ngr.find(' ') != std::string::npos)
-    // Rounded to the nearest corner, and the sphere is not the ellipsoid.
+    // 0.71 from rounding to the nearest corner; the rest because the sphere is not the ellipsoid.
     Require(DistanceTo(w, ngr, cell) <= 0.72 * cell + kMetre, "a reference reads back");
-  const bool workedOut = loc.fore == kRed || loc.back == kLatLongGround;
-  if (!workedOut || loc.text.empty()) return;
+  const bool isCalculated = loc.fore == kRed || loc.back == kLatLongBackground;
+  if (!isCalculated || loc.text.empty()) return;
   Require(loc.text.size() == 10, "a locator shown has ten characters");
   if (std::fabs(w.Lat) >= 90 || std::fabs(w.Lon) >= 180) return;
   constexpr std::string_view kFirst = "AA00AA00AA";
@@ -145,8 +152,8 @@ inline void CheckPlace(const Workspace& w) {
   Require(DistanceTo(w, loc.text, cell) <= 1.2 * cell + kMetre, "a locator reads back");
 }
 
-// Use This on a text, and what must hold after it.
-// In  line  the length of the longest line of the database
+// Runs Use This on a text and checks the record. `line` is the length of the longest line of the
+// database.
 inline void UseThis(Workspace& w, const std::string& text, std::size_t line = 0) {
   const auto place = [&w] { return std::vector{w.Lat, w.Lon, w.Resolution}; };
   const std::vector<double> before = place();

@@ -1,18 +1,25 @@
-// Whole journeys of user actions over all windows, each made twice.
-//   Input  an action a line: a letter of kActions, or any other character for one of them, and
-//          behind it the text that completes the action.
+// Journeys of user actions in all windows, each run twice.
+//   Input  one action a line: a letter of kActions (any other character selects one of them too),
+//          then the text that completes the action.
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <iterator>
 #include <sstream>
+#include <string>
 
 #include "fuzz/invariants.h"
 #include "journey_driver.h"
+#include "platform/code_page.h"
 
 namespace {
 
 constexpr struct {
   char letter;
-  const char* action;  // complete, unless a blank ends it
+  const char* action;  // the rest of the line is appended if it ends in a blank
 } kActions[] = {
     {'t', "type "},
     {'e', "enter"},
@@ -47,7 +54,7 @@ constexpr struct {
     {'x', "frame SetUpCom"},
     {'z', "close"},
     {'Z', "start"},
-    // The database under its names, and what is none; Sites.dat is the only one to be read.
+    // Paths of the database and of other files; only Sites.dat is a database.
     {'D', R"(set LocDatabase C:/GEOG/sites.DAT)"},
     {'E', R"(set LocDatabase c:\\geog\\Link.dat)"},
     {'G', R"(set LocDatabase c:\\geog)"},
@@ -69,7 +76,7 @@ void MakeDatabase() {
   std::ofstream(GeogFile("Sites.dat"), std::ios::binary) << kSites;
   std::filesystem::create_symlink("Sites.dat", GeogFile("Link.dat"));
   std::filesystem::create_hard_link(GeogFile("Sites.dat"), GeogFile("Hard.dat"));
-  std::filesystem::current_path(Folder());  // where a listing without a name goes
+  std::filesystem::current_path(Folder());  // a listing without a path is written there
 }
 
 std::string ActionOf(const std::string& line) {
@@ -82,8 +89,8 @@ std::string ActionOf(const std::string& line) {
   return action.back() == ' ' && !isPath ? action + ToUtf8(line.substr(1)) : action;
 }
 
-// What a journey shows in the end, and what its listings hold.
-std::string Shown(const std::string& actions, const std::function<void(const Workspace&)>& check) {
+// Runs a journey; returns what it shows at the end and the contents of its listings.
+std::string Run(const std::string& actions, const std::function<void(const Workspace&)>& check) {
   std::filesystem::remove(GeogFile("List.txt"));
   std::filesystem::remove(GeogFile("SITELIST.TXT"));
   std::filesystem::remove("LISTFILE.TXT");
@@ -107,13 +114,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string references;
   const auto check = [&](const Workspace& w) {
     CheckRecord(w, actions.size());
-    // A listing leaves the place of its last site; what the windows show is older then.
+    // A listing changes Lat and Lon to those of its last record but not what the windows show.
     const std::string now = w.Tarnwick.LocText.text + "|" + w.Tarnwick.NGRText.text;
     if (now != references) CheckPlace(w);
     references = now;
   };
   std::string shown;
-  Bounded([&] { shown = Shown(actions, check); });
-  Require(shown == Shown(actions, {}), "the same actions give the same record and windows");
+  Bounded([&] { shown = Run(actions, check); });
+  Require(shown == Run(actions, {}), "the same actions give the same record and windows");
   return 0;
 }

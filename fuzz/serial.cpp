@@ -1,6 +1,11 @@
-// A receiver's stream, in chunks.
-//   Input  a character that seeds the sizes of the chunks and whose lowest bit gives a home
-//          station; then the stream.
+// What a receiver sends, in chunks.
+//   Input  a character that seeds the sizes of the chunks and whose lowest bit stores a home
+//   station;
+//          then the characters of the receiver.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
 #include "fuzz/invariants.h"
 #include "gps/nmea_receiver.h"
 #include "gps/port_setup.h"
@@ -11,9 +16,9 @@ namespace {
 const std::string kGoodSentence =
     "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 
-void FeedAndCheck(Program& program, const std::string& chunk, std::size_t fed) {
+void FeedAndCheck(Program& program, const std::string& chunk, std::size_t inputSize) {
   Bounded([&] { Feed(program.platform.serial, chunk); });
-  CheckRecord(program.w, fed);
+  CheckRecord(program.w, inputSize);
   CheckPlace(program.w);
 }
 
@@ -41,6 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   FeedAndCheck(program, std::string(128, '\r') + kGoodSentence, size);
   Require(program.w.Tarnwick.InputText.text == "48 07.038N 011 31.000E [ 12:35:19 UTC ]",
-          "the next good sentence is used whatever came before");
+          "a good sentence is used whatever came before");
   return 0;
 }

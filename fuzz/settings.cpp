@@ -1,6 +1,15 @@
-// Stored settings through the start, and through an end and another start.
-//   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, a line
-//          each; a line with a ! alone leaves that setting out.
+// A start with hostile settings, then an exit and another start.
+//   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, one a line;
+//   a
+//          line with only a ! leaves that setting out.
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <vector>
+
 #include "fuzz/invariants.h"
 #include "workspace/events/start_and_exit.h"
 
@@ -10,10 +19,10 @@ constexpr const char* kSettings[][2] = {
     {"Home", "Lat"}, {"Home", "Long"},  {"FormPLace", "Left"}, {"FormPLace", "Top"},
     {"CPort", "CP"}, {"CPort", "Baud"}, {"LocDB", "DB"}};
 
-// The stored settings are those of the platform; gives the home station that is restored.
-std::vector<double> Start(Workspace& w, std::size_t fed) {
+// Starts the program and returns the restored home station.
+std::vector<double> Start(Workspace& w, std::size_t inputSize) {
   Bounded([&w] { Form_Load(w); });
-  CheckRecord(w, fed);
+  CheckRecord(w, inputSize);
   if (IsTrue(w.BaseSet)) CheckPlace(w);
   Require(w.Tarnwick.visible && w.Tarnwick.FindIt.enabled, "the program is ready");
   return {w.BaseSet, w.BaseLat, w.BaseLong};
@@ -38,11 +47,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Form_Unload(first);
   Workspace second(platform);
   const std::vector<double> again = Start(second, size);
-  // A pair above all places may be rounded up to what reads as no home station.
+  // Storing a value just below 500 may round it up to 500, which is no home station.
   const bool isPlace = first.BaseLat < 499 && first.BaseLong < 499;
   for (std::size_t i = 0; i < home.size() && isPlace; ++i)
     Require(std::fabs(again[i] - home[i]) <= 1e-14 * std::fabs(home[i]),
-            "the home station comes back");
-  Require(second.SetUpCom.CPort.text == texts.back(), "the port comes back");
+            "the home station is restored");
+  Require(second.SetUpCom.CPort.text == texts.back(), "the port is restored");
   return 0;
 }

@@ -1,6 +1,11 @@
-// Texts typed one after the other, with and without a home station.
-//   Input  a character whose lowest bits choose whether the first text becomes the home station (1)
-//          and the layout of latitude and longitude (2, 4); then the texts, a line each.
+// Typed texts, one after the other, with and without a home station.
+//   Input  a character: bit 0 makes the first text the home station, bits 1 and 2 are the layout of
+//          latitude and longitude; then the texts, one a line.
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+#include <string>
+
 #include "fuzz/invariants.h"
 
 // Sites with a position of every kind, good and bad.

@@ -1,23 +1,56 @@
-// The roof: starts the program and runs the event loop.
+// The entry point: reads the command line, starts the program and runs the event loop.
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QIcon>
+#include <QTimer>
 
 #include "platform/desktop/termination.h"
 #include "platform/qt/application.h"
 
+namespace {
+
+// Whether the command line asks for the version or the help, which need no display.
+bool AsksForText(QCommandLineParser& parser, int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  parser.parse(arguments);
+  return parser.isSet("version") || parser.isSet("help") || parser.isSet("help-all");
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  QCoreApplication::setApplicationName("tarnwick");
+  QCoreApplication::setApplicationVersion(TARNWICK_VERSION);
+  QCommandLineParser parser;
+  parser.setApplicationDescription("Locators, grid references, distances and bearings.");
+  // Qt's own options, such as -platform, have one dash.
+  parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(
+      "PLACE", "A place to start with, in words joined by blanks; after -- it may begin with -.",
+      "[PLACE...]");
+  if (AsksForText(parser, argc, argv)) {
+    const QCoreApplication console(argc, argv);
+    parser.process(console);
+  }
+
+  const QApplication qt(argc, argv);
+  parser.process(qt);
   QApplication::setApplicationName(kProgramTitle);
   // By the desktop entry a task bar knows what the windows belong to, if it does not take their
   // icon.
-  QApplication::setDesktopFileName("tarnwick");
+  QApplication::setDesktopFileName("org.tarnwick.tarnwick");
   QApplication::setWindowIcon(QIcon(":/tarnwick.svg"));
   // Closing the Pointing window must not end the program while the main window is minimised.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  Program program;
-  program.onEnd = [] { QApplication::quit(); };
-  OnTermination([&program] { program.End(); });
-  program.Start();
+  Application application;
+  application.onEnd = [] { QApplication::quit(); };
+  OnTermination([&application] { application.End(); });
+  // Queued, because a message box at the start can end the program, and quit() needs the event
+  // loop.
+  QTimer::singleShot(0, [&] { application.Start(parser.positionalArguments().join(' ')); });
   return QApplication::exec();
 }

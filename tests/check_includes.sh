@@ -19,7 +19,7 @@ gps                 workspace/values workspace/record platform workspace/command
 workspace/events    workspace/values workspace/record platform geo sites/database pointing workspace/commands sites/lookup sites/listing gps
 platform/headless   workspace/values platform
 platform/desktop    workspace/values workspace/record platform
-platform/qt         workspace/values workspace/record platform platform/desktop sites/lookup pointing gps workspace/events
+platform/qt         workspace/values workspace/record platform platform/desktop sites/lookup sites/listing pointing gps workspace/events
 .                   platform/desktop platform/qt
 '
 

@@ -1,4 +1,4 @@
-// Reads user actions from standard input and prints what changed; journey_driver.h tells the
+// Reads user actions from standard input and prints what changed; journey_driver.h lists the
 // actions.
 #include <iostream>
 #ifdef _WIN32
@@ -10,7 +10,7 @@
 
 int main() {
 #ifdef _WIN32
-  // The same bytes as on other systems.
+  // Keep line ends as they are.
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
 #endif

@@ -1,42 +1,36 @@
 // clang-format off
-// Drives the program's logic by user actions, one a line, on the platform without windows, and
-// prints what changed. TEXT is UTF-8 to the end of the line with the escapes \\ \n \r \t and \xNN,
-// a single-byte code.
+// Runs the program's logic by user actions, one a line, on the headless platform, and prints what
+// changed. TEXT is UTF-8 to the end of the line, with the escapes of escaped_text.h.
 //
-// Before the start:
-//   home FOLDER     the per-user folder: c:\... lies in its drive_c if it has one, else in it
+// At any time:
+//   home FOLDER     the user's folder: c:\... is in its drive_c if it has one, else in it
 //   setting SECTION KEY TEXT
-//                   a stored setting
-//   port N          serial port N can be opened
-//   start           nothing while the program runs
-// Then:
-//   type TEXT       into the input box, by keys, without a click in it
-//   enter           presses the default button of the main window
-//   click NAME      a button, a check box or the input box; the window's name may stand before it
-//                   with a point; a control that is hidden or disabled does nothing
-//   set NAME TEXT   another text box or a combo box that the user can edit
-//   tick NAME       a check box
-//   select N, pick N  a row of the Results window, from 0; pick is a double click
-//   feed TEXT       characters arriving at the open port, all at once
-//   frame WINDOW    the window is closed by its own frame
-//   close           the main window is; `start` may follow, with the same stored settings
-//   show            prints the values that differ from the last show, all at first: NAME VALUE,
-//                   then a line with a single point
+//                   stores a setting
+//   port N          serial port N can be opened from now on
+//   start           starts the program, if it does not run
+//   show            prints the values that differ from the last show, as PrintChanges does
+// After the first start:
+//   type TEXT       types TEXT into the input box, without a click in it
+//   enter           presses Enter: the default button
+//   click NAME      clicks a control that is visible and enabled; Window.NAME if two windows have one
+//   tick NAME       the same, of a check box
+//   set NAME TEXT   edits a field
+//   select N        selects entry N of the Results window, from 0
+//   pick N          double-clicks it
+//   feed TEXT       characters arrive at the open port, all at once
+//   frame WINDOW    closes a window by its frame
+//   close           closes the main window; `start` may follow, with the same stored settings
 // clang-format on
 #pragma once
 
 #include <functional>
 #include <iosfwd>
-#include <string>
-#include <string_view>
 
 #include "workspace/record/workspace.h"
 
-// A TEXT in the single-byte set, its escapes taken out.
-std::string Unescaped(std::string_view text);
-
-// Reads actions until the end of the input. A line that is no action is reported on `complaints`
-// and gives false at the end; the actions behind it still run. `afterEach` sees the record after
-// every action from the start on.
+// Reads actions until the end of the input; empty lines and lines that start with # are skipped. A
+// line that is no action is reported on `complaints`; the actions after it still run, and the
+// result is false. `afterEach` is called with the record after every action from the first start
+// on.
 bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints,
                 const std::function<void(const Workspace& w)>& afterEach = {});

@@ -1,28 +1,40 @@
-// Every file of tests/journeys: what a user does, and what changes by it.
+// Runs every file of tests/journeys: what a user does, and everything that changes by it.
 //
-// Actions, as journey_driver.h tells them, begin in the first column; "home", with a folder of the
-// journey's own in which it also runs, comes by itself. The lines under a `show`, two blanks in,
-// are all that it prints, in any order; "..." among them allows for more. A fraction of the
-// record counts to the places written, six at least.
-//   file PATH TEXT         what a file below the folder holds before the journey
-//   expect-file PATH TEXT  what it holds after it
-// Under either stand further lines of the file, each ended by CR LF; | behind a line keeps the
-// blanks at its end. @HOME@ stands for the folder and @TODAY@ for the date as yyyy/mm/dd.
+// Actions (journey_driver.h) start in the first column. Each journey runs in a folder of its own,
+// which is also its "home". The indented lines under an action are all changes by it and by the
+// actions since the last such lines, in any order, separated by " | ":
+//   NAME VALUE          as the driver prints it, without "Record.", ".text", ".caption" and, where
+//                       the control's name is unique, without the window; fractions of the record
+//                       have six places
+//   back R G B: NAMES   these controls have this background now; also fore, visible and enabled
+//   compass X Y         the compass was drawn with this end of the needle; "compass empty": cleared
+//   nothing             no value changed
+//   ...                 any other changes; only in the first such lines after a start
+//   file PATH TEXT         creates a file before the journey
+//   expect-file PATH TEXT  compares a file after the journey
+// Paths are relative to the folder. The indented lines under the last two are further lines of the
+// file, each ended by CR LF; a | at the end of a line protects blanks before it. @HOME@ is replaced
+// by the folder and @TODAY@ by the date as yyyy/mm/dd.
 //
-// With TARNWICK_JOURNEY set, the journeys go through the driver that this command starts, one built
-// for another system for instance.
+// If the environment variable TARNWICK_JOURNEY is set, the journeys run in the driver that this
+// command starts, such as one built for another system.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
 #include <clocale>
-#include <cmath>
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <locale>
 #include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "escaped_text.h"
 #include "journey_driver.h"
 #include "platform/headless/headless.h"
 #include "workspace/values/number_text.h"
@@ -31,11 +43,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A line of the first column with the lines that stand under it.
+// A line that starts in the first column, and the indented lines under it.
 struct Block {
   std::string line;
   int lineNumber = 0;
-  std::vector<std::string> under;
+  std::vector<std::string> indented;
 };
 
 void Replace(std::string& line, const std::string& mark, const std::string& text) {
@@ -53,14 +65,14 @@ std::vector<Block> ReadBlocks(const fs::path& file, const std::string& home) {
     Replace(line, "@HOME@", home);
     Replace(line, "@TODAY@", today);
     if (line.rfind("  ", 0) == 0 && !blocks.empty())
-      blocks.back().under.push_back(line.substr(2));
+      blocks.back().indented.push_back(line.substr(2));
     else if (!line.empty())
       blocks.push_back({line, lineNumber, {}});
   }
   return blocks;
 }
 
-// The path and the content that a line such as "file PATH TEXT" and the lines under it tell.
+// The path and the content in a block that starts with "file PATH TEXT" or "expect-file PATH TEXT".
 std::pair<std::string, std::string> FileOf(const Block& block) {
   std::istringstream words(block.line);
   std::string verb, path, content;
@@ -68,41 +80,112 @@ std::pair<std::string, std::string> FileOf(const Block& block) {
   words.ignore();
   std::getline(words, content);
   content = Unescaped(content);
-  for (std::string line : block.under) {
+  for (std::string line : block.indented) {
     if (!line.empty() && line.back() == '|') line.pop_back();
     content += Unescaped(line) + "\r\n";
   }
   return {Unescaped(path), content};
 }
 
-bool SameLine(const std::string& expected, const std::string& shown) {
-  const std::size_t value = expected.find(' ') + 1;
-  const std::size_t point = expected.find('.', value);
-  const bool isFraction = expected.rfind("Record.", 0) == 0 && point != std::string::npos;
-  if (!isFraction || shown.substr(0, value) != expected.substr(0, value)) return expected == shown;
-  const double places = std::max(6., static_cast<double>(expected.size() - point - 1));
-  const double difference = TextToNumber(&expected[value]) - TextToNumber(&shown[value]);
-  return std::fabs(difference) <= 0.51 * std::pow(10, -places);
+// Strips `prefix` from the front of `text`; false if it is not there.
+bool StripFront(std::string& text, std::string_view prefix) {
+  if (text.rfind(prefix, 0) != 0) return false;
+  text.erase(0, prefix.size());
+  return true;
 }
 
-// Compares what one show printed, up to its point, with the lines under it.
-void ExpectShown(const Block& show, std::istream& shown) {
-  std::vector<std::string> missing = show.under;
-  const bool allowsMore = std::erase(missing, "...") > 0;
+// A line that the driver printed, as journeys write it.
+std::string ShortForm(const std::string& line) {
+  std::string name = line.substr(0, line.find(' '));
+  std::string value = line.substr(name.size());
+  const bool isFraction = name.rfind("Record.", 0) == 0 && value.find('.') != std::string::npos &&
+                          value.find_first_not_of(" -.0123456789e") == std::string::npos;
+  if (isFraction) value = " " + FormatPicture(TextToNumber(value), "0.0#####");
+  if (!StripFront(name, "Tarnwick.")) StripFront(name, "Record.");
+  for (const char* window : {"BearingCalc.", "ShowList.", "SetUpCom."}) {
+    std::string control = name;
+    if (!StripFront(control, window) || control.find('.') == std::string::npos) continue;
+    const std::string label = control.substr(0, control.find('.'));
+    const bool isShared =
+        label == "Label1" || label == "Label2" || label == "Label4" || label == "Label5";
+    if (!isShared) name = control;
+  }
+  for (const char* property : {".text", ".caption"})
+    if (name.ends_with(property)) name.resize(name.size() - std::string_view(property).size());
+  return name + value;
+}
+
+// The drawing of a compass as one item; any other drawing stays as it is.
+void ShortenCompass(std::vector<std::string>& items) {
+  static const std::vector<std::string> kLetters = {"Draw circle 0 0 0.9 255 0 0",
+                                                    "Draw pset -0.2 -1.6 250 250 180",
+                                                    "Draw print N",
+                                                    "Draw pset -0.2 0.9 250 250 180",
+                                                    "Draw print S",
+                                                    "Draw pset -1.5 -0.35 250 250 180",
+                                                    "Draw print W",
+                                                    "Draw pset 1.2 -0.35 250 250 180",
+                                                    "Draw print E"};
+  const auto cls = std::find(items.begin(), items.end(), "Draw cls");
+  if (cls == items.end()) return;
+  std::vector<std::string> drawn(cls + 1, items.end());
+  std::erase_if(drawn, [](const auto& item) { return item.rfind("Draw ", 0) != 0; });
+  std::string compass = "compass empty";
+  if (!drawn.empty()) {
+    std::string needle = drawn.front();
+    if (!StripFront(needle, "Draw line 0 0 ") || !needle.ends_with(" 0 0 0")) return;
+    if (!std::equal(drawn.begin() + 1, drawn.end(), kLetters.begin(), kLetters.end())) return;
+    compass = "compass " + needle.substr(0, needle.size() - 6);
+  }
+  std::erase_if(items, [](const auto& item) { return item.rfind("Draw ", 0) == 0; });
+  items.push_back(compass);
+}
+
+// The items of expectation lines; "enabled 1: A B" becomes "A.enabled 1" and "B.enabled 1".
+std::vector<std::string> ItemsOf(const std::vector<std::string>& lines) {
+  std::vector<std::string> items;
+  for (std::string line : lines) {
+    line += " | ";
+    for (std::size_t from = 0, to; (to = line.find(" | ", from)) < line.size(); from = to + 3) {
+      const std::string item = line.substr(from, to - from);
+      const std::size_t colon = item.find(": ");
+      const std::string property = item.substr(0, item.find(' '));
+      const bool isGroup =
+          colon != std::string::npos && (property == "fore" || property == "back" ||
+                                         property == "visible" || property == "enabled");
+      if (!isGroup) {
+        items.push_back(item);
+        continue;
+      }
+      std::istringstream names(item.substr(colon + 2));
+      for (std::string name; names >> name;) items.push_back(name + "." + item.substr(0, colon));
+    }
+  }
+  return items;
+}
+
+// Compares what one `show` printed, up to its point, with the lines under an action.
+void ExpectChanges(const Block& action, std::istream& shown, bool allowsMore) {
+  std::vector<std::string> missing = ItemsOf(action.indented);
+  if (std::erase(missing, "...") == 0) allowsMore = false;
+  std::erase(missing, "nothing");
+  std::vector<std::string> changes;
+  for (std::string line; std::getline(shown, line) && line != ".";)
+    changes.push_back(line.rfind("Draw ", 0) == 0 ? line : ShortForm(line));
+  ShortenCompass(changes);
   std::string differences;
-  for (std::string line; std::getline(shown, line) && line != ".";) {
-    const auto at = std::find_if(missing.begin(), missing.end(),
-                                 [&](const auto& expected) { return SameLine(expected, line); });
+  for (const std::string& change : changes) {
+    const auto at = std::find(missing.begin(), missing.end(), change);
     if (at != missing.end())
       missing.erase(at);
     else if (!allowsMore)
-      differences += "  + " + line + "\n";
+      differences += "  + " + change + "\n";
   }
-  for (const std::string& line : missing) differences += "  - " + line + "\n";
-  EXPECT_EQ(differences, "") << "show in line " << show.lineNumber << ": + unexpected, - missing";
+  for (const std::string& item : missing) differences += "  - " + item + "\n";
+  EXPECT_EQ(differences, "") << "line " << action.lineNumber << ": + unexpected, - missing";
 }
 
-// What the driver prints for these actions, in the present folder.
+// Returns what the driver prints for these actions in the current folder.
 std::string Drive(const std::string& actions) {
   const char* command = std::getenv("TARNWICK_JOURNEY");
   std::ostringstream shown;
@@ -112,17 +195,21 @@ std::string Drive(const std::string& actions) {
     EXPECT_TRUE(RunJourney(in, shown, complaints)) << complaints.str();
     return shown.str();
   }
-  const std::string beside = fs::current_path().string();
-  std::ofstream(beside + ".actions") << actions;
-  const std::string line = command + (" <" + beside) + ".actions >" + beside + ".shown";
+  const std::string prefix = fs::current_path().string();
+  std::ofstream(prefix + ".actions") << actions;
+  const std::string line = command + (" <" + prefix) + ".actions >" + prefix + ".shown";
   EXPECT_EQ(std::system(line.c_str()), 0) << line;
-  shown << std::ifstream(beside + ".shown").rdbuf();
-  fs::remove(beside + ".actions");
-  fs::remove(beside + ".shown");
+  shown << std::ifstream(prefix + ".shown").rdbuf();
+  fs::remove(prefix + ".actions");
+  fs::remove(prefix + ".shown");
   return shown.str();
 }
 
-void Make(const fs::path& journey) {
+bool IsFile(const Block& block, const char* verb) {
+  return block.line.rfind(verb, 0) == 0;
+}
+
+void RunJourneyFile(const fs::path& journey) {
   std::string home = testing::TempDir() + "tarnwickXXXXXX";
   ASSERT_NE(mkdtemp(home.data()), nullptr);
   fs::current_path(home);
@@ -130,22 +217,27 @@ void Make(const fs::path& journey) {
   std::ostringstream actions;
   actions << "home " << home << '\n';
   for (const Block& block : blocks) {
-    if (block.line.rfind("file ", 0) == 0) {
+    if (IsFile(block, "file ")) {
       const auto& [path, content] = FileOf(block);
       fs::create_directories(fs::absolute(path).parent_path());
       std::ofstream(path, std::ios::binary) << content;
-    } else if (block.line.rfind("expect-file ", 0) != 0) {
-      actions << block.line << '\n';
+    } else if (!IsFile(block, "expect-file ")) {
+      actions << block.line << (block.indented.empty() ? "\n" : "\nshow\n");
     }
   }
   std::istringstream shown(Drive(actions.str()));
+  bool isFirst = false;
   for (const Block& block : blocks) {
-    if (block.line == "show") ExpectShown(block, shown);
-    if (block.line.rfind("expect-file ", 0) != 0) continue;
-    const auto& [path, content] = FileOf(block);
-    std::ostringstream held;
-    held << std::ifstream(path, std::ios::binary).rdbuf();
-    EXPECT_EQ(held.str(), content) << path;
+    if (block.line == "start") isFirst = true;
+    if (IsFile(block, "expect-file ")) {
+      const auto& [path, content] = FileOf(block);
+      std::ostringstream found;
+      found << std::ifstream(path, std::ios::binary).rdbuf();
+      EXPECT_EQ(found.str(), content) << path;
+    } else if (!IsFile(block, "file ") && !block.indented.empty()) {
+      ExpectChanges(block, shown, isFirst);
+      isFirst = false;
+    }
   }
   fs::current_path(testing::TempDir());
   fs::remove_all(home);
@@ -153,34 +245,37 @@ void Make(const fs::path& journey) {
 
 class Journey : public testing::TestWithParam<fs::directory_entry> {};
 
-TEST_P(Journey, ShowsWhatItTells) {
-  Make(GetParam().path());
+TEST_P(Journey, ChangesWhatItLists) {
+  RunJourneyFile(GetParam().path());
 }
 
-// Where a comma stands in numbers, blanks part the thousands, and i has a capital of its own.
-class Language : public testing::TestWithParam<const char*> {};
+// Locales with a decimal comma, with blanks between thousands, and with another capital of i.
+class Locale : public testing::TestWithParam<const char*> {};
 
-TEST_P(Language, ChangesNoJourney) {
+TEST_P(Locale, ChangesNoJourney) {
   const std::string name = std::string(GetParam()) + ".UTF-8";
   const std::string folder = testing::TempDir() + "tarnwick_locales";
   fs::create_directories(folder);
   setenv("LOCPATH", folder.c_str(), 1);
-  const std::string make = "localedef -i " + std::string(GetParam()) + " -f UTF-8 " + folder + "/" +
-                           name + " >/dev/null 2>&1";
-  if (setlocale(LC_ALL, name.c_str()) == nullptr &&
-      (std::system(make.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr))
-    GTEST_SKIP() << name << " can't be made here";
+  const std::string compile = "localedef -i " + std::string(GetParam()) + " -f UTF-8 " + folder +
+                              "/" + name + " >/dev/null 2>&1";
+  // setlocale never finds a locale that it once did not find, so the locale is compiled before the
+  // first call. localedef writes this file last.
+  const bool isCompiled =
+      fs::exists(folder + "/" + name + "/LC_IDENTIFICATION") || std::system(compile.c_str()) == 0;
+  if (!isCompiled || setlocale(LC_ALL, name.c_str()) == nullptr)
+    GTEST_SKIP() << name << " cannot be compiled here";
   const std::locale before = std::locale::global(std::locale(name));
-  EXPECT_EQ(std::to_string(1.5), "1,500000") << "the locale is in force";
+  EXPECT_EQ(std::to_string(1.5), "1,500000") << "the locale must be active";
   for (const auto& file : fs::directory_iterator(TARNWICK_JOURNEYS)) {
     SCOPED_TRACE(file.path());
-    Make(file.path());
+    RunJourneyFile(file.path());
   }
   std::locale::global(before);
   setlocale(LC_ALL, "C");
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Language, testing::Values("de_DE", "ru_RU", "tr_TR"),
+INSTANTIATE_TEST_SUITE_P(Of, Locale, testing::Values("de_DE", "ru_RU", "tr_TR"),
                          [](const auto& name) { return name.param; });
 INSTANTIATE_TEST_SUITE_P(Of, Journey,
                          testing::ValuesIn(fs::directory_iterator(TARNWICK_JOURNEYS),

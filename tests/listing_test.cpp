@@ -11,7 +11,7 @@
 #include <iterator>
 #include <random>
 
-#include "geo/grid_letters.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "platform/headless/headless.h"
@@ -262,7 +262,7 @@ struct Record {
 
 // A record of ten digits on the grid.
 Record GridRecord(int easting, int northing) {
-  const auto [first, second] = LettersOf(easting / 100000, northing / 100000);
+  const auto [first, second] = SquareLetters(easting / 100000, northing / 100000);
   const double digits = 1e10 + easting % 100000 * 1e5 + northing % 100000;
   return {std::string{first, second} + FormatPicture(digits, "0").substr(1), 1.0 * easting,
           1.0 * northing};

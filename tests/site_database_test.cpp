@@ -8,7 +8,7 @@
 #include <random>
 #include <set>
 
-#include "geo/grid_decoder.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "platform/headless/headless.h"
 #include "sites/database/site_line.h"
@@ -189,7 +189,7 @@ TEST_F(Database, TheSampleIsWellFormed) {
     ASSERT_TRUE(site.isRecord && line.find('\n') == std::string_view::npos) << text;
     EXPECT_TRUE(names.insert(UpperOf(site.name)).second) << text;
     std::string position(site.position);
-    std::int16_t kind = 0;
+    InputKind kind = kSiteName;
     ClassifyInput(position, kind);
     ASSERT_TRUE(kind == kGridReference || kind == kLocator) << text;
     if (kind == kGridReference) DecodeNGR(w, position, w.Lat, w.Lon);
@@ -199,14 +199,6 @@ TEST_F(Database, TheSampleIsWellFormed) {
   EXPECT_EQ(line, "ENDENDEND");
   EXPECT_FALSE(ReadLine(w.database, line));
   EXPECT_GE(names.size(), 100U);
-}
-
-TEST_F(Database, AViewerThatDoesNotStartIsReported) {
-  Write("Here~TQ3080");
-  w.Tarnwick.ListFileName.text = folder + "/List.txt";
-  platform.startsPrograms = false;
-  MakeList_Click(w);
-  EXPECT_EQ(platform.events.back(), "MsgBox Path or filename error");
 }
 
 }  // namespace

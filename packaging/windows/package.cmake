@@ -1,4 +1,4 @@
-# What Windows shows of the program, and the zip to give away: `cpack` in the build folder.
+# The icon and the version that Windows shows, and the zip for users: `cpack` in the build folder.
 enable_language(RC)
 
 set(resources ${CMAKE_BINARY_DIR}/resources)
@@ -19,13 +19,16 @@ target_include_directories(tarnwick_resources PRIVATE ${resources} ${CMAKE_CURRE
 target_link_libraries(tarnwick PRIVATE tarnwick_resources)
 
 install(TARGETS tarnwick RUNTIME DESTINATION .)
-configure_file(${CMAKE_CURRENT_LIST_DIR}/README.txt ${resources}/README.txt NEWLINE_STYLE WIN32)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/README.txt ${resources}/README.txt @ONLY NEWLINE_STYLE WIN32)
 install(FILES ${resources}/README.txt DESTINATION .)
+# The program reads drive c: of its own folder where the real one has no such file.
 install(FILES data/Sites.dat DESTINATION geog)
-install(FILES docs/manual.md docs/receivers.md docs/file-formats.md DESTINATION manual)
-install(DIRECTORY docs/pictures DESTINATION manual FILES_MATCHING PATTERN *.png)
+if(TARNWICK_MANUAL)
+  install(DIRECTORY ${TARNWICK_MANUAL}/ DESTINATION manual)
+endif()
 install(FILES LICENSE DESTINATION licences RENAME Tarnwick.txt)
-# What is linked into the program: Qt, with what it holds of others, and the compiler's libraries.
+# The licences of what is linked into the program: Qt with the libraries inside it, and the compiler's
+# runtime.
 get_filename_component(qt ${Qt6_DIR}/../../.. ABSOLUTE)
 install(DIRECTORY ${qt}/licences/ DESTINATION licences/Qt OPTIONAL)
 install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright DESTINATION licences RENAME GCC.txt)

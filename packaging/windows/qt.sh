@@ -1,7 +1,7 @@
 #!/bin/sh
-# Builds the static Qt for Windows into the folder named, unless it is there: a quarter of an hour on
-# two cores. The source is Debian's own, in the version of the qt6-base-dev that is installed here,
-# because Qt is built with the tools of a Qt of the same version.
+# qt.sh FOLDER: builds a static Qt for Windows into the folder, unless it is complete there; a quarter of
+# an hour on two cores. The source is Debian's, in the version of the installed qt6-base-dev, because
+# building Qt needs the tools of the same version.
 set -eu
 cd "$(dirname "$0")"
 prefix=$1
@@ -12,7 +12,7 @@ work=$prefix.work
 rm -rf "$work" "$prefix"
 mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$prefix"
 
-# A machine that gets packages need not get sources: they are asked for where its packages come from.
+# The machine's apt may be set up for packages only: ask for the sources where the packages come from.
 apt-get indextargets --format 'deb-src $(REPO_URI) $(RELEASE) main' \
   'Created-By: Packages' 'Component: main' 'Origin: Debian' | sort -u >"$work/sources.list"
 apt_here() {
@@ -23,7 +23,7 @@ apt_here update
 (cd "$work" && apt_here source "qt6-base=$version")
 source=$(echo "$work"/qt6-base-*/)
 
-# The toolchain is told beside the Qt that it builds, so that the folder needs no checkout.
+# A copy of the toolchain file beside this Qt, so that Qt can be used without this checkout.
 cp toolchain.cmake "$prefix/"
 off="sql network dbus printsupport testlib concurrent xml vulkan icu glib openssl tabletevent
   pkg_config system_zlib system_pcre2 system_freetype system_harfbuzz system_png system_jpeg system_doubleconversion"

@@ -9,8 +9,8 @@ root=$PWD
 
 packaging/install.sh run test windows wine
 packaging/windows/build.sh
-cmake --preset release -DTARNWICK_TESTS=ON >/dev/null
-cmake --build --preset release
+cmake --preset ci >/dev/null
+cmake --build --preset ci
 
 work=$root/build/smoke
 rm -rf "$work"
@@ -70,7 +70,7 @@ set -eu
 mkdir "$work/journey"
 cat >"$work/journey/actions"
 cp -a . "$work/journey/before"
-"$root/build/release/journey" <"$work/journey/actions" >"$work/journey/linux"
+"$root/build/ci/journey" <"$work/journey/actions" >"$work/journey/linux"
 cp -a . "$work/journey/after"
 find . -mindepth 1 -delete
 cp -a "$work/journey/before/." .
@@ -81,7 +81,7 @@ cat "$work/journey/windows"
 rm -r "$work/journey"
 TEXT
 chmod +x "$work/both"
-TARNWICK_JOURNEY="$work/both" build/release/tarnwick_tests --gtest_filter='*Journey*' --gtest_brief=1 ||
+TARNWICK_JOURNEY="$work/both" build/ci/tarnwick_tests --gtest_filter='*Journey*' --gtest_brief=1 ||
   fail "a journey goes another way"
 
 # 20,000 typed places in five forms, and a database of 100,000 sites.
@@ -180,7 +180,7 @@ copied() {
 echo "home $work/twin" >"$work/actions"
 step() { printf '%s\n' "$1" >>"$work/actions"; }
 on_linux() {
-  (cat "$work/actions" && echo show) | build/release/journey |
+  (cat "$work/actions" && echo show) | build/ci/journey |
     awk -v name="$1 " 'index(tolower($0), tolower(name)) == 1 { value = substr($0, length(name) + 1) }
       END { gsub(/\\\\/, "\\", value); print value }'
 }

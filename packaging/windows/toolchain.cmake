@@ -1,4 +1,4 @@
-# Debian's compiler for 64-bit Windows, the variant with the threads of C++.
+# Debian's compiler for 64-bit Windows, in the variant that supports std::thread.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

@@ -1,6 +1,6 @@
-// The unit in which the coordinate engine turns.
+// The factor between degrees and radians.
 #pragma once
 
-// Degrees per radian, in every conversion of the coordinate engine: 180 / 3.141592653589. It is cut
-// short of pi on purpose; results are the same to the last digit only with this very number.
+// Degrees per radian: 180 / 3.141592653589. Pi is cut short on purpose; every conversion between
+// degrees and radians uses this number, and a more exact one would change printed digits.
 inline constexpr double kDegreesPerRadian = 57.29577951309679;

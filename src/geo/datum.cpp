@@ -9,34 +9,43 @@ namespace {
 
 struct Ellipsoid {
   double a;         // semi-major axis, m
-  double eSquared;  // square of the eccentricity, a published figure of its own
+  double eSquared;  // square of the eccentricity, as published; not derived from the axes
 };
 
 constexpr Ellipsoid kAiry{6377563.396, 0.0066705397616};
 constexpr Ellipsoid kWGS84{6378137.0, 0.0066943800355};
 
-constexpr double Radians(double arcSeconds) {
+constexpr double RadiansOf(double arcSeconds) {
   return arcSeconds / kDegreesPerRadian / 3600;
 }
 
 struct Helmert {
-  double tx, ty, tz;  // m
-  double s;           // added to 1
-  double rx, ry, rz;  // radians
+  double tx, ty, tz;  // translation, m
+  double s;           // change of scale: lengths are multiplied by 1 + s
+  double rx, ry, rz;  // rotation, radians
 };
 
-constexpr Helmert kAiryToWGS84{446.448,         -125.157,       542.06,         -2.04894e-05,
-                               Radians(0.1502), Radians(0.247), Radians(0.8421)};
-constexpr Helmert kWGS84ToAiry{-446.448,         125.157,         -542.06,         2.04894e-05,
-                               Radians(-0.1502), Radians(-0.247), Radians(-0.8421)};
+constexpr Helmert Reversed(const Helmert& h) {
+  return {-h.tx, -h.ty, -h.tz, -h.s, -h.rx, -h.ry, -h.rz};
+}
 
-constexpr double kHeight = 0;
+constexpr Helmert kAiryToWGS84{446.448,           -125.157,         542.06,           -2.04894e-05,
+                               RadiansOf(0.1502), RadiansOf(0.247), RadiansOf(0.8421)};
+constexpr Helmert kWGS84ToAiry = Reversed(kAiryToWGS84);
+
+constexpr double kHeight = 0;  // m, above the ellipsoid
+
+// Below 1e-08 radians (6 cm) the latitude counts as settled. Every real latitude needs two passes;
+// the bound is twice that, so that the loop ends whatever the numbers are.
+constexpr double kSettled = 1e-08;
+constexpr int kMostPasses = 4;
 
 // Radius of curvature in the prime vertical, m.
 double Nu(const Ellipsoid& ellipsoid, double sinPhi) {
   return ellipsoid.a / std::sqrt(1 - ellipsoid.eSquared * sinPhi * sinPhi);
 }
 
+// Geographic coordinates to cartesian ones, the Helmert transformation, and back.
 void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, double Lat1,
                double Long1, double& Lat2, double& Long2) {
   const double phi = Lat1 / kDegreesPerRadian;
@@ -52,12 +61,11 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
 
   const double p = std::sqrt(x2 * x2 + y2 * y2);
   double phi2 = ATAN2(p * (1 - to.eSquared), z2);
-  // Two or three passes settle any place; the bound is for what is no place.
-  for (int pass = 0; pass < 50; ++pass) {
+  for (int pass = 0; pass < kMostPasses; ++pass) {
     const double previous = phi2;
     const double sinPhi = Sine(previous);
     phi2 = ATAN2(p, z2 + to.eSquared * Nu(to, sinPhi) * sinPhi);
-    if (!(std::fabs(previous - phi2) > 1e-08)) break;
+    if (!(std::fabs(previous - phi2) > kSettled)) break;
   }
   Lat2 = phi2 * kDegreesPerRadian;
   Long2 = ATAN2(x2, y2) * kDegreesPerRadian;

@@ -9,20 +9,20 @@
 namespace {
 
 constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
-constexpr double kShareOfCell = 0.7;
-constexpr double kOneMetre = 0.001;
+constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
+constexpr double kOneMetre = 0.001;     // km
 
-// A cosine that rounding has pushed out of range, brought back to its end.
-double Clamped(double cosine) {
+// Brings a cosine that rounding pushed beyond -1 or 1 back to it.
+double ClampedCosine(double cosine) {
   return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
 }
 
 }  // namespace
 
 double ACS(double x) {
-  const double turn = (1 - SignOf(x)) * kPi / 2;
-  if (x == 0) return turn;
-  return Arctangent(std::sqrt(1 - x * x) / x) + turn;
+  const double quadrant = (1 - SignOf(x)) * kPi / 2;
+  if (x == 0) return quadrant;
+  return Arctangent(std::sqrt(1 - x * x) / x) + quadrant;
 }
 
 HomeStation HomeStationAt(double lat, double lon) {
@@ -34,16 +34,16 @@ DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, d
   const double p2 = lat / kDegreesPerRadian;
   const double sinLat = Sine(p2);
   const double cosLat = Cosine(p2);
-  const double c = home.sinLat * sinLat +
-                   cosLat * home.cosLat * Cosine((home.lon - lon) / kDegreesPerRadian);
+  const double c =
+      home.sinLat * sinLat + cosLat * home.cosLat * Cosine((home.lon - lon) / kDegreesPerRadian);
   const double arc = std::fabs(c) < 1 ? ACS(c) : 0;
   DistanceAndBearings result;
   result.distance = arc * kEarthRadius;
   if (result.distance < kOneMetre) return result;
   const double sinArc = Sine(arc);
   const double cosArc = Cosine(arc);
-  const double b1 = Clamped((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat));
-  const double b2 = Clamped((home.sinLat - cosArc * sinLat) / (sinArc * cosLat));
+  const double b1 = ClampedCosine((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat));
+  const double b2 = ClampedCosine((home.sinLat - cosArc * sinLat) / (sinArc * cosLat));
   result.bearing = ACS(b1) * kDegreesPerRadian;
   result.backbearing = ACS(b2) * kDegreesPerRadian;
   if (lon < home.lon) result.bearing = 360 - result.bearing;

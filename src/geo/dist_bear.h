@@ -1,11 +1,12 @@
-// How the current place lies from the home station, on a sphere.
+// Distance and bearing from the home station to a place, on a sphere.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
 inline constexpr double kEarthRadius = 6371.29;  // km
 
-// Arc cosine, radians from 0 to pi, of a number from -1 to 1, by the arc tangent.
+// Returns the arc cosine, radians from 0 to pi, of a number from -1 to 1. Uses Arctangent and a pi
+// of 12 decimals (geo/angles.h), so it differs from std::acos in the last digits.
 double ACS(double x);
 
 // A home station, degrees, with the sine and the cosine of its latitude.
@@ -15,22 +16,23 @@ struct HomeStation {
 };
 HomeStation HomeStationAt(double lat, double lon);
 
-// How a place lies from the home station; 0 to 360 degrees.
 struct DistanceAndBearings {
   double distance = 0;     // km
-  double bearing = 0;      // degrees, of the place from the home station
-  double backbearing = 0;  // degrees, of the home station from the place
+  double bearing = 0;      // degrees, 0 to 360, from the home station to the place
+  double backbearing = 0;  // degrees, 0 to 360, from the place to the home station
 };
 
-// Great-circle distance, bearing and back bearing of a place (degrees) by the spherical law of
-// cosines, radius 6371.29 km. Under one metre both bearings are 0; at an exact antipode all three
-// may be. Sides are told by the plain longitudes, so a path across the 180th meridian has the
-// bearing of the other side.
+// Returns the great-circle distance and bearings of a place (degrees) by the spherical law of
+// cosines. Never fails:
+// - Below one metre both bearings are 0.
+// - At exact antipodes rounding decides: four of five pairs count as the same place (all results
+//   are 0), the others have the distance 20,015.998 km.
+// - Only the longitudes as numbers decide between east and west, so a path across the 180th
+//   meridian gets the mirrored bearings.
 DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, double lon);
 
-// The same for the current place, and the uncertainty that follows from the accuracy of both ends:
-// each end counts as a displacement of 0.7 of its cell.
-// Reads   Lat, Lon, BaseLat, BaseLong (degrees); Resolution, Baseresolution (km).
-// Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees). Never fails: where the
-//         distance is under one metre, everything but Dist is 0.
+// Computes the same for the current place, and the uncertainty: either end may be off by 0.7 of the
+// size of its cell. Below one metre both uncertainties are 0.
+// Reads   Lat, Lon, BaseLat, BaseLong (degrees); Resolution, Baseresolution (km)
+// Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees)
 void DistBear(Workspace& w);

@@ -1,6 +1,7 @@
 #include "geo/lat_long_display.h"
 
 #include <cmath>
+#include <string>
 
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
@@ -9,18 +10,18 @@ namespace {
 
 constexpr const char* kDegreeSign = "\xB0 ";
 
-// An absolute value of degrees with decimal minutes: 51° 30.5000'
-std::string MinutesText(double size, const char* degreesPicture) {
-  const int degrees = FloorToInt16(size);
+// Degrees, not negative, as degrees and decimal minutes: 51° 30.5000'
+std::string MinutesText(double angle, const char* degreesPicture) {
+  const int degrees = FloorToInt16(angle);
   return FormatPicture(degrees, degreesPicture) + kDegreeSign +
-         FormatPicture((size - degrees) * 60, "00.0000' ");
+         FormatPicture((angle - degrees) * 60, "00.0000' ");
 }
 
-// An absolute value of degrees with minutes and decimal seconds: 51° 30' 30.0''
-std::string SecondsText(double size, const char* degreesPicture) {
-  const int degrees = FloorToInt16(size);
-  const int minutes = FloorToInt16((size - degrees) * 60);
-  const double seconds = ((size - degrees) - minutes / 60.0) * 3600;
+// Degrees, not negative, as degrees, minutes and decimal seconds: 51° 30' 30.0''
+std::string SecondsText(double angle, const char* degreesPicture) {
+  const int degrees = FloorToInt16(angle);
+  const int minutes = FloorToInt16((angle - degrees) * 60);
+  const double seconds = ((angle - degrees) - minutes / 60.0) * 3600;
   return FormatPicture(degrees, degreesPicture) + kDegreeSign + FormatPicture(minutes, "00'") +
          " " + FormatPicture(seconds, "00.0'' ");
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
@@ -9,7 +10,7 @@
 
 namespace {
 
-// Turns the marks into blanks and every run of blanks into one.
+// Converts to upper case, and replaces marks by blanks and each run of blanks by one.
 void Normalise(std::string& a) {
   const auto isMark = [](char c) { return c == '"' || c == ',' || c == '\'' || c == '\xB0'; };
   std::replace_if(a.begin(), a.end(), isMark, ' ');
@@ -18,23 +19,28 @@ void Normalise(std::string& a) {
   a = UpperOf(a);
 }
 
-// Position of the letter of an axis, the positive one before the negative one; sign says which.
-int Hemisphere(const std::string& a, const char* positive, const char* negative, int& sign) {
-  const int at = FindIn(1, a, positive);
-  sign = at > 0 ? 1 : -1;
-  return at > 0 ? at : FindIn(1, a, negative);
+// The hemisphere letter of an axis.
+struct Hemisphere {
+  int position;  // 0 if the text has neither letter
+  int sign;      // 1 for the positive letter, else -1
+};
+
+Hemisphere FindHemisphere(const std::string& a, const char* positive, const char* negative) {
+  const int position = FindIn(1, a, positive);
+  if (position > 0) return {position, 1};
+  return {FindIn(1, a, negative), -1};
 }
 
-// Degrees of one axis from up to three fields, such as " 1 15 30". Of a single field the sign is
-// dropped; of several the degrees keep theirs.
+// Degrees of one axis from up to three fields, such as " 1 15 30". The sign of a single field is
+// dropped; before further fields the degrees keep theirs.
 double DegreesOf(const std::string& text) {
-  const int p = FindIn(2, text, " ");
-  if (p == 0) return std::fabs(TextToNumber(text));
-  int q = FindIn(p + 1, text, " ");
-  if (q == 0) q = LengthOf(text);
-  const double degrees = TextToNumber(LeftOf(text, p - 1));
-  const double minutes = TextToNumber(MidOf(text, p + 1, q - p));
-  const double seconds = TextToNumber(MidOf(text, q + 1));
+  const int firstBlank = FindIn(2, text, " ");
+  if (firstBlank == 0) return std::fabs(TextToNumber(text));
+  int secondBlank = FindIn(firstBlank + 1, text, " ");
+  if (secondBlank == 0) secondBlank = LengthOf(text);
+  const double degrees = TextToNumber(LeftOf(text, firstBlank - 1));
+  const double minutes = TextToNumber(MidOf(text, firstBlank + 1, secondBlank - firstBlank));
+  const double seconds = TextToNumber(MidOf(text, secondBlank + 1));
   return (degrees + minutes / 60) + seconds / 3600;
 }
 
@@ -42,22 +48,20 @@ double DegreesOf(const std::string& text) {
 
 void ParseLatLong(Workspace& w, std::string& a) {
   Normalise(a);
-  int northSouth = 1;
-  int eastWest = 1;
-  const int atNorthSouth = Hemisphere(a, "N", "S", northSouth);
-  const int atEastWest = Hemisphere(a, "E", "W", eastWest);
-  if (atNorthSouth == 0 || atEastWest == 0) {
+  const Hemisphere northSouth = FindHemisphere(a, "N", "S");
+  const Hemisphere eastWest = FindHemisphere(a, "E", "W");
+  if (northSouth.position == 0 || eastWest.position == 0) {
     a.clear();
     return;
   }
-  const int first = std::min(atNorthSouth, atEastWest);
-  const int second = std::max(atNorthSouth, atEastWest);
+  const int first = std::min(northSouth.position, eastWest.position);
+  const int second = std::max(northSouth.position, eastWest.position);
   std::string lat = LeftOf(a, first - 1);
   std::string lon = MidOf(a, first + 1, second - first - 1);
-  if (atEastWest < atNorthSouth) std::swap(lat, lon);
+  if (eastWest.position < northSouth.position) std::swap(lat, lon);
 
-  w.Lat = Finite(northSouth * DegreesOf(lat));
-  w.Lon = Finite(eastWest * DegreesOf(lon));
+  w.Lat = Finite(northSouth.sign * DegreesOf(lat));
+  w.Lon = Finite(eastWest.sign * DegreesOf(lon));
   w.Resolution = 0.001;
   w.Tarnwick.Xdim.caption = "~";
   w.Tarnwick.Ydim.caption = "~";

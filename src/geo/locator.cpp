@@ -1,5 +1,6 @@
 #include "geo/locator.h"
 
+#include <cstddef>
 #include <cstdint>
 
 #include "geo/angles.h"
@@ -12,15 +13,17 @@ namespace {
 
 constexpr double kKmPerDegree = 111.2;
 
-// Half of the smallest cell, 1/2880 by 1/5760 of a degree: a decoded place lies inside its cell.
+// Half of a finest square, which is 1/2880 by 1/5760 of a degree: moves a decoded place from the
+// edge of the cell into it.
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-int Letter(std::string_view lc, std::size_t position) {
-  return static_cast<unsigned char>(lc[position - 1]) - 65;
+// The number of the character at a position that counts from 1.
+int LetterAt(std::string_view lc, std::size_t position) {
+  return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
-int Digit(std::string_view lc, std::size_t position) {
-  return static_cast<unsigned char>(lc[position - 1]) - 48;
+int DigitAt(std::string_view lc, std::size_t position) {
+  return static_cast<unsigned char>(lc[position - 1]) - '0';
 }
 
 constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
@@ -44,8 +47,8 @@ void WriteAxisByStep(double axis, char* at) {
   at[8] = CharFromCode('A' + finest);
 }
 
-// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on. The
-// number of the smallest cell is enough for them where rounding cannot lead to another cell.
+// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
+// The number of the smallest cell is enough for them where rounding cannot lead to another cell.
 void WriteAxis(double axis, char* at) {
   constexpr double kMargin = 1e-6;
   const double cells = axis * kCells;
@@ -63,23 +66,33 @@ void WriteAxis(double axis, char* at) {
 }  // namespace
 
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
-  // What the text does not give is taken from the middle of the cell: 44, then MM.
-  double d7 = 4, d8 = 4, c9 = 12, c10 = 12;
+  double extendedLon = 4;
+  double extendedLat = 4;
+  double finestLon = 'M' - 'A';
+  double finestLat = 'M' - 'A';
   Resolution = 278.0 / 60;
   if (lc.size() >= 8) {
-    d7 = Digit(lc, 7);
-    d8 = Digit(lc, 8);
+    extendedLon = DigitAt(lc, 7);
+    extendedLat = DigitAt(lc, 8);
     Resolution = 27.8 / 60;
   }
   if (lc.size() >= 10) {
-    c9 = Letter(lc, 9);
-    c10 = Letter(lc, 10);
+    finestLon = LetterAt(lc, 9);
+    finestLat = LetterAt(lc, 10);
     Resolution = (0.25 / 24 * kKmPerDegree) / 60;
   }
-  const int wholeLon = (Letter(lc, 1) - 9) * 20 + 2 * Digit(lc, 3);
-  const int wholeLat = (Letter(lc, 2) - 9) * 10 + Digit(lc, 4);
-  Lon = wholeLon + (5.0 * Letter(lc, 5)) / 60 + (0.5 * d7) / 60 + c9 / 2880 + kHalfCellLon;
-  Lat = wholeLat + (2.5 * Letter(lc, 6)) / 60 + (0.25 * d8) / 60 + c10 / 5760 + kHalfCellLat;
+  const int wholeLon = (LetterAt(lc, 1) - 9) * 20 + 2 * DigitAt(lc, 3);
+  const int wholeLat = (LetterAt(lc, 2) - 9) * 10 + DigitAt(lc, 4);
+  Lon = wholeLon + (5.0 * LetterAt(lc, 5)) / 60 + (0.5 * extendedLon) / 60 + finestLon / 2880 +
+        kHalfCellLon;
+  Lat = wholeLat + (2.5 * LetterAt(lc, 6)) / 60 + (0.25 * extendedLat) / 60 + finestLat / 5760 +
+        kHalfCellLat;
+}
+
+void GenLocator(double Lat, double Lon, std::string& lc) {
+  lc.resize(10);
+  WriteAxis((Lon + 180) / 2, lc.data());
+  WriteAxis(Lat + 90, lc.data() + 1);
 }
 
 void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {
@@ -91,10 +104,4 @@ void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption =
       FormatPicture(w.Resolution * 2000 * Cosine(Lat / kDegreesPerRadian), "###m");
-}
-
-void GenLocator(double Lat, double Lon, std::string& lc) {
-  lc.resize(10);
-  WriteAxis((Lon + 180) / 2, lc.data());
-  WriteAxis(Lat + 90, lc.data() + 1);
 }

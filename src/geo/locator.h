@@ -1,5 +1,6 @@
-// Maidenhead locators: pairs of characters, longitude first, each pair dividing the cell of the one
-// before. Source: IARU Region 1, "Locator system"; capitals throughout, five pairs at most.
+// Maidenhead locators: pairs of characters, longitude first; each pair divides the cell of the pair
+// before: field, square, subsquare, extended square, finest square. Source: IARU Region 1, "Locator
+// system". Upper case throughout, ten characters at most.
 #pragma once
 
 #include <string>
@@ -7,25 +8,24 @@
 
 #include "workspace/record/workspace.h"
 
-// The centre of the cell of a locator of 6, 8 or 10 characters as DecodeLocator works it out, and
-// the height of the cell.
-//
-// In   lc          upper case, no blanks, an even number of characters, at least 6
+// Converts a locator to a place. Characters after the tenth are ignored. Missing characters count
+// as 44, then MM: 10 characters return the centre of their cell, 8 the centre of the cell MM in it,
+// 6 the centre of the cell 44MM in it, which is 2.26' east and 1.13' north of the south-west
+// corner. In   lc          upper case, no blanks, an even number of characters, at least 6.
+// Characters out
+//                  of their range count by their code, so the place may lie beyond a pole.
 // Out  Lat, Lon    degrees
-//      Resolution  km
+//      Resolution  km, height of the cell
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution);
 
-// The place that a locator of 6, 8 or 10 characters stands for; further characters are ignored.
-// In      lc    upper case, no blanks, at least 6 characters; characters out of their range count
-//               by their code, so the place may lie beyond the poles.
-// Out     Lat, Lon  degrees: the centre of the cell of 8 or 10 characters, and for 6 the centre of
-//               the cell 44MM inside it, 2.26' east and 1.13' north of its corner.
-// Writes  Resolution (km, height of the cell), Ydim, Xdim (its height and width in metres).
-// An odd length writes "Locator error" into InputText and changes nothing else.
-void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon);
-
-// The ten-character locator of the cell that holds a place. Every position is cut, never rounded;
-// nothing is clamped, so the north pole gives S, one past the standard's R.
-// In   Lat, Lon  degrees.
-// Out  lc        ten characters; codes out of the single-byte range saturate.
+// Returns in `lc` the ten-character locator of the cell that contains a place. Digits are cut off,
+// never rounded. Nothing is clamped, so the north pole gets an S, one letter after the standard's
+// R. In   Lat, Lon  degrees Out  lc        ten characters; their codes saturate at 0 and 255
 void GenLocator(double Lat, double Lon, std::string& lc);
+
+// Reads a locator as LocatorToWGS84 does and shows the size of its cell. An odd length writes
+// "Locator error" into InputText and changes nothing else.
+// In      lc        upper case, no blanks, at least 6 characters
+// Out     Lat, Lon  degrees
+// Writes  Resolution (km, height of the cell), Ydim and Xdim (height and width in metres).
+void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon);

@@ -7,6 +7,17 @@
 
 namespace {
 
+constexpr double kAF0 = 6375020.480988971;  // semi-major and semi-minor axis of Airy 1830, m, times
+constexpr double kBF0 = 6353722.490487913;  // the scale 0.9996012717 of the central meridian
+constexpr double kN = (kAF0 - kBF0) / (kAF0 + kBF0);                       // third flattening
+constexpr double kESquared = (kAF0 * kAF0 - kBF0 * kBF0) / (kAF0 * kAF0);  // eccentricity, squared
+
+// The true origin, degrees, and its easting and northing, m.
+constexpr double kOriginLat = 49;
+constexpr double kOriginLon = -2;
+constexpr double kFalseEasting = 400000;
+constexpr double kFalseNorthing = -100000;
+
 // Radii of curvature at a latitude, m.
 struct Curvature {
   double nu;          // in the prime vertical
@@ -16,16 +27,32 @@ struct Curvature {
 
 Curvature CurvatureAt(double phi) {
   const double sinPhi = Sine(phi);
-  const double flattening = 1 - kGridESquared * (sinPhi * sinPhi);
+  const double factor = 1 - kESquared * (sinPhi * sinPhi);
   Curvature at{};
-  at.nu = kAF0 / std::sqrt(flattening);
-  at.rho = at.nu * (1 - kGridESquared) / flattening;
+  at.nu = kAF0 / std::sqrt(factor);
+  at.rho = at.nu * (1 - kESquared) / factor;
   at.etaSquared = at.nu / at.rho - 1;
   return at;
 }
 
-// Latitude, radians, of the foot of the perpendicular to the central meridian. Four passes settle
-// any reference; the bound is for texts whose digits read as a number beyond all maps.
+// Length of the central meridian, m, from the true origin to latitude phi, radians.
+double MeridionalArc(double phi) {
+  constexpr double n = kN;
+  constexpr double n2 = n * n;
+  constexpr double n3 = n * n * n;
+  constexpr double phi0 = kOriginLat / kDegreesPerRadian;
+  const double difference = phi - phi0;
+  const double sum = phi + phi0;
+  const double a = (1 + n + 5.0 / 4 * n2 + 5.0 / 4 * n3) * difference;
+  const double b = (3 * n + 3 * n2 + 21.0 / 8 * n3) * Sine(difference) * Cosine(sum);
+  const double c = (15.0 / 8 * n2 + 15.0 / 8 * n3) * Sine(2 * difference) * Cosine(2 * sum);
+  const double f = 35.0 / 24 * n3 * Sine(3 * difference) * Cosine(3 * sum);
+  return kBF0 * (a - b + c - f);
+}
+
+// Latitude, radians, of the point of the central meridian with this northing, m. A real reference
+// needs four passes; the bound is for texts such as SU12346E12, whose digits read as a number far
+// beyond the grid.
 double FootLatitude(double northing) {
   const double arc = northing - kFalseNorthing;
   double phi = arc / kAF0 + kOriginLat / kDegreesPerRadian;
@@ -39,21 +66,7 @@ double FootLatitude(double northing) {
 
 }  // namespace
 
-double MeridionalArc(double phi) {
-  constexpr double n = kGridN;
-  constexpr double n2 = n * n;
-  constexpr double n3 = n * n * n;
-  constexpr double phi0 = kOriginLat / kDegreesPerRadian;
-  const double difference = phi - phi0;
-  const double sum = phi + phi0;
-  const double a = (1 + n + 5.0 / 4 * n2 + 5.0 / 4 * n3) * difference;
-  const double b = (3 * n + 3 * n2 + 21.0 / 8 * n3) * Sine(difference) * Cosine(sum);
-  const double c = (15.0 / 8 * n2 + 15.0 / 8 * n3) * Sine(2 * difference) * Cosine(2 * sum);
-  const double f = 35.0 / 24 * n3 * Sine(3 * difference) * Cosine(3 * sum);
-  return kBF0 * (a - b + c - f);
-}
-
-// The names below are those of the published series.
+// The names of the coefficients are those of the published series.
 void ProjectToGrid(double lat, double lon, double& easting, double& northing) {
   const double phi = lat / kDegreesPerRadian;
   const double p = (lon - kOriginLon) / kDegreesPerRadian;
@@ -62,7 +75,8 @@ void ProjectToGrid(double lat, double lon, double& easting, double& northing) {
   const double c = Cosine(phi);
   const double c3 = c * c * c;
   const double c5 = c3 * c * c;
-  const double t2 = Tangent(phi) * Tangent(phi);
+  const double t = s / c;
+  const double t2 = t * t;
   const double t4 = t2 * t2;
   const double p2 = p * p;
 
@@ -85,10 +99,10 @@ void UnprojectFromGrid(double easting, double northing, double& lat, double& lon
   const double nu3 = nu2 * nu;
   const double nu5 = nu3 * nu2;
   const double nu7 = nu5 * nu2;
-  const double t = Tangent(phi);
+  const double c = Cosine(phi);
+  const double t = Sine(phi) / c;
   const double t2 = t * t;
   const double t4 = t2 * t2;
-  const double c = Cosine(phi);
   const double y = easting - kFalseEasting;
   const double y2 = y * y;
 

@@ -1,7 +1,6 @@
 #include "geo/trigonometry.h"
 
 #include <cmath>
-#include <cstdint>
 
 namespace {
 
@@ -21,9 +20,9 @@ struct Reduced {
   Sum angle;
 };
 
-// The angle less its quarter turns, of which two pieces are short enough to be multiplied without
-// rounding (Cody and Waite).
-Reduced ReduceUsual(double angle) {
+// Subtracts the quarter turns from an angle below 2^20 radians. The first two parts of a quarter
+// turn are short enough that their products are exact (Cody and Waite).
+Reduced ReduceCodyWaite(double angle) {
   constexpr double kPieces[] = {0x1.921fb544p+0, 0x1.0b4611a6p-34, 0x1.3198a2e037073p-69};
   constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;
   const auto quarters = static_cast<int>(angle * kTwoOverPi + (angle < 0 ? -0.5 : 0.5));
@@ -38,67 +37,13 @@ Reduced ReduceUsual(double angle) {
   return {static_cast<unsigned>(quarters), {high, (rest - high) + last}};
 }
 
-// The product of two doubles with what rounding takes from it (Veltkamp and Dekker).
-Sum Product(double a, double b) {
-  constexpr double kSplit = 0x1p27 + 1;
-  const double aHigh = a * kSplit - (a * kSplit - a);
-  const double bHigh = b * kSplit - (b * kSplit - b);
-  const double aLow = a - aHigh;
-  const double bLow = b - bHigh;
-  const double product = a * b;
-  return {product, ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow};
-}
-
-// 192 binary digits of 2 / pi from the one of that number on, counted behind 64 zeros.
-struct Digits {
-  std::uint64_t word[3];
-};
-
-Digits DigitsOfTwoOverPi(int from) {
-  static constexpr std::uint64_t kTwoOverPi[] = {
-      0x0000000000000000, 0xa2f9836e4e441529, 0xfc2757d1f534ddc0, 0xdb6295993c439041,
-      0xfe5163abdebbc561, 0xb7246e3a424dd2e0, 0x06492eea09d1921c, 0xfe1deb1cb129a73e,
-      0xe88235f52ebb4484, 0xe99c7026b45f7e41, 0x3991d639835339f4, 0x9c845f8bbdf9283b,
-      0x1ff897ffde05980f, 0xef2f118b5a0a6d1f, 0x6d367ecf27cb09b7, 0x4f463f669e5fea2d,
-      0x7527bac7ebe5f17b, 0x3d0739f78a5292ea, 0x6bfb5fb11f8d5d08, 0x56033046fc7b6bab};
-  const std::uint64_t* at = kTwoOverPi + from / 64;
-  const int shift = from % 64;
-  Digits digits{};
-  for (std::uint64_t& word : digits.word) {
-    word = *at << shift;
-    ++at;
-    if (shift > 0) word |= *at >> (64 - shift);
-  }
-  return digits;
-}
-
-// The product with 2 / pi in whole numbers, without the digits that only count full turns (Payne
-// and Hanek).
-Reduced ReduceHuge(double angle) {
-  using Wide = unsigned __int128;
-  int exponent = 0;
-  const double fraction = std::frexp(std::fabs(angle), &exponent);
-  const Wide mantissa = static_cast<std::uint64_t>(fraction * 0x1p53);
-  const auto [word] = DigitsOfTwoOverPi(exponent - 53 - 2 + 64);
-  const Wide low = mantissa * word[2];
-  const Wide middle = mantissa * word[1] + (low >> 64);
-  const Wide turn = (mantissa * word[0] << 64) + middle;  // 128 digits of the part of a turn
-  // Of the quarter turn to the nearest, in two's complement.
-  const auto part = static_cast<__int128>(turn << 2) >> 2;
-  const auto high = static_cast<double>(part);
-  const auto beyond = static_cast<double>(part - static_cast<__int128>(high));
-  Sum rest = Product(high * 0x1p-126, kQuarterTurn.high);
-  rest.low += high * 0x1p-126 * kQuarterTurn.low + beyond * 0x1p-126 * kQuarterTurn.high;
-  const auto quarters = static_cast<unsigned>(turn >> 126) + (part < 0 ? 1 : 0);
-  if (angle > 0) return {quarters, rest};
-  return {0 - quarters, {-rest.high, -rest.low}};
-}
-
 Reduced Reduce(double angle) {
+  constexpr double kFullTurn = 4 * kQuarterTurn.high;
   if (std::fabs(angle) <= 0.785) return {0, {angle, 0}};
-  if (std::fabs(angle) < 0x1p20) return ReduceUsual(angle);
-  if (std::isfinite(angle)) return ReduceHuge(angle);
-  return {0, {angle - angle, 0}};
+  if (std::fabs(angle) < 0x1p20) return ReduceCodyWaite(angle);
+  if (!std::isfinite(angle)) return {0, {angle - angle, 0}};
+  // Not the angle's own sine any more, but one that every system agrees on: fmod never rounds.
+  return ReduceCodyWaite(std::fmod(angle, kFullTurn));
 }
 
 // The sum of c[i] z^i, in pairs, since a sum from one end to the other waits for each step.
@@ -153,10 +98,6 @@ double Cosine(double angle) {
   const double size =
       reduced.quarters % 2 == 0 ? CosineSeries(reduced.angle) : SineSeries(reduced.angle);
   return (reduced.quarters + 1) % 4 < 2 ? size : -size;
-}
-
-double Tangent(double angle) {
-  return Sine(angle) / Cosine(angle);
 }
 
 // The nearest eighth is taken off by the theorem of addition.

@@ -1,5 +1,6 @@
 #include "gps/port_setup.h"
 
+#include "platform/serial_settings.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
 #include "workspace/values/strings.h"
@@ -8,12 +9,17 @@ namespace SetUpCom {
 
 namespace {
 
-constexpr int kHighestPort = 32;
 constexpr int kInBufferSize = 128;  // characters
-constexpr int kThreshold = 64;      // characters that must wait before the receiver is told
+constexpr int kThreshold = 64;      // characters
 
+// The number in an entry such as COM12: what follows its first three characters.
+std::int16_t PortNumber(const std::string& entry) {
+  return RoundToInt16(TextToNumber(MidOf(entry, 4)));
+}
+
+// Opens the port and speed that the window shows; false if any step fails.
 bool OpenPort(SerialControl& serial, const SetUpWindow& window) {
-  if (!serial.SetCommPort(RoundToInt16(TextToNumber(MidOf(window.CPort.text, 4))))) return false;
+  if (!serial.SetCommPort(PortNumber(window.CPort.text))) return false;
   serial.SetInBufferSize(kInBufferSize);
   if (!serial.SetSettings(window.Baud.text + ",n,8,1")) return false;
   serial.SetRThreshold(kThreshold);

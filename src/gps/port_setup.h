@@ -1,22 +1,25 @@
-// The GPS set-up window: which port and speed, and opening it.
+// The GPS set-up window: lists the serial ports and opens one.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
 namespace SetUpCom {
 
-// Loads the window, hidden, if it is not loaded; its start-up then runs.
+// Runs Form_Load and marks the window as loaded; does nothing if it is loaded. The window stays
+// hidden.
 void Load(Workspace& w);
 
-// Tries ports 1 to 32 and offers those that can be opened now in CPort.
+// The probe: lists in CPort, as COM1 to COM32, each port that can be opened now, and closes it
+// again. The text of CPort becomes the first entry, or empty if there is none.
 void Form_Load(Workspace& w);
 
-// Opens the port whose number stands from the fourth character of CPort on, at the speed in Baud,
-// and starts real-time mode; "COM PORT FAIL" in Text1 if that can't be.
+// Opens the port whose number follows the first three characters of CPort, at the speed in Baud,
+// for events of 64 to 128 characters. On success starts real-time mode and hides the window. On
+// failure writes "COM PORT FAIL" into Text1 and changes nothing else.
 void Command1_Click(Workspace& w);
 
-// Hides the window. If no port is open, setting up ends too, so that the next click on UseNMEA
-// shows the window again.
+// The user closes the window by its frame: hides it. If no port is open, RealTime becomes False, so
+// that the next click on UseNMEA shows the window again.
 void CloseFrame(Workspace& w);
 
 }  // namespace SetUpCom

@@ -1,12 +1,18 @@
-// Real-time mode: a GPS receiver drives the current place. What makes positions flow is the open
-// port; RealTime only tells UseNMEA_Click which way to go.
+// Real-time mode: a GPS receiver sets the current place. Positions arrive as long as the port is
+// open; RealTime only selects what UseNMEA_Click does.
+//
+//   State       RealTime  Port    SetUpCom  Caption of UseNMEA
+//   off         False     closed  hidden    Real Time GPS
+//   setting up  True      closed  visible   as before
+//   running     True      open    hidden    Pause Real Time
+//   paused      False     closed  hidden    Resume real time
 #pragma once
 
 #include "workspace/record/workspace.h"
 
-// Off, paused, or running with a device that has gone away: shows the set-up window, where opening
-// a port starts the mode. Setting up or running: closes the port and pauses.
+// Setting up or running: closes the port and pauses. Off, paused, or running with a device that has
+// gone away: shows the set-up window beside the main window, where opening a port starts the mode.
 void UseNMEA_Click(Workspace& w);
 
-// Closes an open port and puts the mode to off. A visible set-up window stays.
+// Closes an open port and switches the mode off. A visible set-up window stays visible.
 void EndRealTime(Workspace& w);

@@ -1,22 +1,29 @@
-// Paths with a drive letter on a system without drives: c:\geog\Sites.dat lies in a folder that
-// stands for the drive, and there, as on a drive, the case of letters makes no difference.
+// Paths with a drive letter on a system without drives: c:\geog\Sites.dat is the file
+// geog/Sites.dat in a folder that represents drive c:. Below such a folder the case of letters
+// makes no difference.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <string_view>
 
-// A path of the system in single-byte text, and the other way round.
+// Converts between a path of the system and single-byte text.
 std::filesystem::path SystemPath(std::string_view path);
 std::string TextOf(const std::filesystem::path& path);
 
-// Where a path as the user writes it lies. A path without a drive letter is the system's own and
-// used as it is. A part that is not there, such as the name of a file to be made, is taken as
+// Whether a path begins with a drive letter and a colon.
+bool HasDrive(std::string_view path);
+
+// The file or folder that a path names. A path without a drive letter is a path of the system, used
+// as it is. A part that does not exist, such as the name of a file to be created, is used as
 // written.
-// In  driveC  the folder that stands for drive c:; drive_d and so on are its sisters
-//     path    single-byte text
+// In  driveC  the folder that represents drive c:; drive_d and so on are beside it
+//     path    single-byte text, parts separated by \ or /
 std::filesystem::path NativePath(const std::filesystem::path& driveC, const std::string& path);
 
-// Whether a regular file matches a path whose last part may hold * and ?; those compare without
-// case.
+// Whether a name matches a pattern in which * matches any characters and ? one. The case of letters
+// makes no difference.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+// Whether a regular file matches a path whose last part may contain * and ?.
 bool FileMatches(const std::filesystem::path& driveC, const std::string& pattern);

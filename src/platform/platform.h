@@ -36,18 +36,19 @@ struct OutputFile {
 };
 
 // The serial control: one port with 8 data bits, no parity, 1 stop bit, no handshake. Between two
-// commands it runs the program's OnComm handler whenever as many characters wait as its threshold
-// demands.
+// commands it runs the program's OnComm handler whenever its receive buffer (receive_buffer.h) has
+// an event due.
 struct SerialControl {
   virtual ~SerialControl() = default;
 
   // Chooses the port; false if no port can have that number.
   [[nodiscard]] virtual bool SetCommPort(std::int16_t number) = 0;
-  // The receive buffer takes at most this many characters.
+  // The most characters that the receive buffer contains.
   virtual void SetInBufferSize(int characters) = 0;
-  // Speed, parity, data bits and stop bits, such as "4800,n,8,1"; false if malformed.
+  // Speed, parity, data bits and stop bits, such as "4800,n,8,1"; false if malformed
+  // (serial_settings.h).
   [[nodiscard]] virtual bool SetSettings(const std::string& settings) = 0;
-  // How many characters must wait for an event; 0 switches events off.
+  // The fewest characters of an event; 0 switches events off.
   virtual void SetRThreshold(int characters) = 0;
   // False if there is no such port or another program uses it.
   [[nodiscard]] virtual bool Open() = 0;

@@ -8,7 +8,9 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr Rgb kGround{250, 250, 180};
+constexpr Rgb kBackground{250, 250, 180};
+constexpr Rgb kNeedle = kBlack;
+constexpr Rgb kCircle = kRed;
 
 }  // namespace
 
@@ -18,23 +20,23 @@ void Cls(PictureBox& picture) {
 
 void Draw(Workspace& w) {
   PictureBox& c = w.BearingCalc.C;
-  c.back = kGround;
+  c.back = kBackground;
   Cls(c);
   const double angle = (90 - w.Bearing) / kDegreesPerRadian;
   c.operations.push_back({.kind = Kind::Line,
                           .x2 = ToSingle(Cosine(angle)),
                           .y2 = ToSingle(-Sine(angle)),
-                          .colour = kBlack});
-  c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kRed});
+                          .colour = kNeedle});
+  c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kCircle});
 
-  // The point that sets the place of a letter has the colour of the ground and leaves no mark.
+  // Print starts where the last point was set; that point is invisible on the background.
   const struct {
     const char* letter;
     float x, y;
   } letters[] = {
       {"N", -0.2F, -1.6F}, {"S", -0.2F, 0.9F}, {"W", -1.5F, -0.35F}, {"E", 1.2F, -0.35F}};
   for (const auto& [letter, x, y] : letters) {
-    c.operations.push_back({.kind = Kind::PSet, .x1 = x, .y1 = y, .colour = kGround});
+    c.operations.push_back({.kind = Kind::PSet, .x1 = x, .y1 = y, .colour = kBackground});
     c.operations.push_back({.kind = Kind::Print, .text = letter});
   }
 }

@@ -1,11 +1,13 @@
 #include "pointing/external_maps.h"
 
+#include <string>
+
 #include "workspace/values/number_text.h"
 
 namespace {
 
-// What a viewer makes of it is no concern of the program's, a failed start included.
-void Start(Workspace& w, const std::string& target) {
+// Fire and forget: a failed start is ignored on purpose.
+void OpenOutside(Workspace& w, const std::string& target) {
   static_cast<void>(w.platform.Shell("cmd /c  start " + target, WindowStyle::MinimisedWithFocus));
 }
 
@@ -19,9 +21,9 @@ void LookForMaps(Workspace& w) {
 void Gmap_Click(Workspace& w) {
   const std::string position =
       FormatPicture(w.Lat, "###.######") + "," + FormatPicture(w.Lon, "####.######") + ",14z";
-  Start(w, std::string(kMapService) + "/maps/@" + position);
+  OpenOutside(w, std::string(kMapService) + "/maps/@" + position);
 }
 
 void OSMap_Click(Workspace& w) {
-  Start(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG");
+  OpenOutside(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG");
 }

@@ -1,17 +1,18 @@
-// The current place in viewers outside the program.
+// Shows the current place in programs outside: the web map in a browser, the map image in a viewer.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
-// The web map service; it understands "/maps/@", a latitude, a longitude and a zoom behind it.
+// The web map service. "/maps/@LATITUDE,LONGITUDE,ZOOMz" after it shows a place.
 inline constexpr const char* kMapService = "https://www.google.com";
 
-// Sets MapPath and enables OSMap if that folder holds an image. Settled here for the whole run.
+// Start-up: sets MapPath to the folder of the map images and enables OSMap if it contains one. A
+// folder that appears later is noticed at the next start.
 void LookForMaps(Workspace& w);
 
-// Hands Lat and Lon, at zoom 14, to the web map.
+// Click on Gmap: opens the web map at Lat and Lon (degrees, six decimals), zoom 14.
 void Gmap_Click(Workspace& w);
 
-// Opens the image of the 10 km square that the caption of OSMap names; whether there is one, the
-// viewer finds out.
+// Click on OSMap: opens the image of the 10 km square in the caption of OSMap, such as
+// c:\OS_Maps\TQ37.JPG, whether or not there is such a file.
 void OSMap_Click(Workspace& w);

@@ -1,4 +1,4 @@
-// The settings store, and with it the home station, under what befalls files.
+// The settings store, and with it the home station: names, damaged files, crashes, two copies.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -51,7 +51,7 @@ class Settings : public testing::Test {
     QFile file(file_);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
-  // The number stored for a key of the home station, as it stands in the file.
+  // The number that the file contains for a key of the home station.
   int Stored(const QByteArray& key) const {
     const QByteArray content = Content();
     const qsizetype at = content.indexOf("\n" + key + "=");
@@ -62,7 +62,20 @@ class Settings : public testing::Test {
   const QString file_ = home_.filePath("Tarnwick/Tarnwick.ini");
 };
 
-// It gives what can be read, and the next home station is kept.
+TEST_F(Settings, NamesCompareWithoutCase) {
+  {
+    Session session(home_);
+    session.w.SetUpCom.CPort.text = "COM12";  // stored and read under sections that differ in case
+    session.EndWithHome(51.5, -1.25);
+  }
+  EXPECT_EQ(Session(home_).w.SetUpCom.CPort.text, "COM12");
+  Session(home_).EndWithHome(51.5, -1.25);
+  EXPECT_EQ(Content().toUpper().count("COM12"), 1);
+  Write(Content().toUpper());
+  EXPECT_TRUE(Session(home_).HasHome(51.5, -1.25));
+}
+
+// The readable settings count, and the next home station is kept.
 TEST_F(Settings, ADamagedStoreHeals) {
   Session(home_).EndWithHome(51.5, -1.25);
   const QByteArray good = Content();
@@ -134,14 +147,14 @@ TEST_F(Settings, AStoreThatMayNotBeWrittenKeepsWhatItHad) {
   EXPECT_EQ(Content(), good);
 }
 
-// Stores numbers, each as a whole home station, until the process is killed or has stored the last;
-// tells by a character that the first is stored.
-[[noreturn]] void StoreHomes(int first, int last, const char* alsoUnder, int tell) {
+// Stores numbers, each as a whole home station, until the process is killed or has stored the last.
+// Writes a character to `signalEnd` when the first is stored.
+[[noreturn]] void StoreHomes(int first, int last, const char* alsoUnder, int signalEnd) {
   SettingsStore store;
   for (int i = first; i <= last; ++i) {
     for (const char* key : {"Lat", "Long", alsoUnder}) store.Store("Home", key, std::to_string(i));
     store.Flush();
-    if (i == first && write(tell, "1", 1) != 1) _exit(1);
+    if (i == first && write(signalEnd, "1", 1) != 1) _exit(1);
   }
   _exit(0);
 }

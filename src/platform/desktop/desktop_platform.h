@@ -1,4 +1,4 @@
-// The desktop as the logic sees it: settings, files, viewers, the message box, the serial port.
+// The platform of the running program: settings, files, viewers, the message box, the serial port.
 #pragma once
 
 #include <functional>
@@ -7,11 +7,19 @@
 #include "platform/desktop/settings.h"
 #include "platform/platform.h"
 
-// The platform of the running program.
 struct Desktop : Platform {
-  // Called before a message box opens and to bring a window to the front.
+  Desktop();
+
+  // Updates the windows; called before a message box opens.
   std::function<void()> showRecord;
+  // Brings a window to the front.
   std::function<void(WindowName)> focusWindow;
+  // Handles the failure of a text viewer that had started. Returns whether the program could take
+  // the event; it cannot while a command runs, and Recheck raises the event again.
+  std::function<bool()> onViewerFailure;
+
+  // Has the event loop raise the events that are due. To be called after each command.
+  void Recheck();
 
   SettingsStore settings;
   SerialPort serial;
@@ -29,4 +37,9 @@ struct Desktop : Platform {
   void SetFocus(WindowName window) override;
   std::chrono::year_month_day Today() override;
   SerialControl& Serial() override { return serial; }
+
+ private:
+  void ReportViewerFailure();
+
+  bool isViewerFailureDue_ = false;
 };

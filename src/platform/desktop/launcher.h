@@ -1,12 +1,15 @@
-// Starts programs beside this one.
+// Starts other programs.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/platform.h"
 
-// Carries out a command line of the logic: "Notepad.exe PATH" or "cmd /c  start PATH-OR-ADDRESS".
-// Nobody waits for it. False if it can't be started.
-// On Linux the path or address goes, as one argument and without a shell, to the desktop's default
-// viewer for it; on Windows the command line is started as it stands.
-[[nodiscard]] bool StartProgram(const std::string& command, WindowStyle style);
+// Starts the program of a command line of the logic, "Notepad.exe PATH" or
+// "cmd /c  start PATH-OR-ADDRESS", and returns at once. False if it cannot be started.
+// On Linux passes the path or address, as one argument and without a shell, to xdg-open, which
+// starts the desktop's default viewer for it; if xdg-open fails, calls `onFailure` on the event
+// loop. On Windows starts the command line as it is and never calls `onFailure`.
+[[nodiscard]] bool StartProgram(const std::string& command, WindowStyle style,
+                                const std::function<void()>& onFailure);

@@ -1,4 +1,4 @@
-// The one place where texts and colours cross between the logic and Qt.
+// Converts texts and colours between the logic and Qt.
 #pragma once
 
 #include <QColor>
@@ -8,13 +8,13 @@
 
 #include "workspace/record/window_state.h"
 
-// A text of the logic, on screen.
+// A text of the logic as Qt shows it.
 QString ToQt(std::string_view text);
 
-// Characters that the single-byte set lacks take their nearest form, else "?".
+// The text as single-byte characters; those outside the set become their nearest form, else "?".
 std::string FromQt(const QString& text);
 
-// A colour of the record, on screen.
+// A colour of the record as Qt shows it.
 inline QColor ToQt(const Rgb& colour) {
   return {colour.red, colour.green, colour.blue};
 }

@@ -1,4 +1,4 @@
-// One serial line as the system has it: 8 data bits, no parity, 1 stop bit, no handshake.
+// A serial device of the system: 8 data bits, no parity, 1 stop bit, no handshake.
 #pragma once
 
 #include <QString>
@@ -6,33 +6,33 @@
 #include <memory>
 #include <string>
 
-// Where the system keeps its serial devices.
+// The folder of the system's serial devices.
 extern const char* const kDeviceFolder;
 
-// The device of a port number; empty for a number that names no port. On Linux COM1 to COM8 are
-// /dev/ttyS0 to 7, COM9 to COM16 /dev/ttyUSB0 to 7, COM17 to COM24 /dev/ttyACM0 to 7, COM25 to
-// COM32 /dev/rfcomm0 to 7; on Windows they bear their own names.
+// The device of a port number; empty for a number without one.
+// On Windows every number from 1 is the device of that name, COM1 and so on. On Linux COM1 to COM8
+// are /dev/ttyS0 to 7, COM9 to COM16 /dev/ttyUSB0 to 7, COM17 to COM24 /dev/ttyACM0 to 7, COM25 to
+// COM32 /dev/rfcomm0 to 7. Small boards have other names for their own port: without a /dev/ttyS6
+// COM7 is /dev/ttyAMA0, without a /dev/ttyS7 COM8 is /dev/serial0.
 QString DeviceOf(int port, const QString& folder = kDeviceFolder);
 
 // Closed at first.
-class SerialLine {
+class SerialDevice {
  public:
-  // `arrived` is called on the event loop when characters have come.
-  explicit SerialLine(const std::function<void()>& arrived);
-  ~SerialLine();
+  // `onData` is called on the event loop when characters have arrived.
+  explicit SerialDevice(const std::function<void()>& onData);
+  ~SerialDevice();
 
-  // What came while the line was closed is lost. False if there is no such device, another program
-  // holds it, or it can't do the speed.
+  // Opens a device at a speed in baud and discards what arrived before. False if there is no such
+  // device, another program uses it, or it does not support the speed.
   [[nodiscard]] bool Open(const QString& device, int speed);
   void Close();  // harmless if closed
-  // A device that vanished or hung up is closed.
+  // A device that was unplugged or hung up closes itself.
   bool IsOpen() const;
-  // As many characters count as waiting at most; the rest stay with the system.
-  void SetBufferSize(int characters);
-  // How many characters can be read at once.
-  int Waiting();
-  // The waiting characters, which are gone then.
+  // Returns characters that have arrived and not been read; empty if there are none.
   std::string Read();
+  // Discards all characters that have arrived, those in the system's own queue too.
+  void Discard();
 
  private:
   struct System;

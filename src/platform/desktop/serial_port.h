@@ -1,4 +1,4 @@
-// The serial control over a serial line.
+// The serial control over a serial device.
 #pragma once
 
 #include <QTimer>
@@ -7,38 +7,43 @@
 
 #include "platform/desktop/serial_device.h"
 #include "platform/platform.h"
+#include "platform/receive_buffer.h"
 
-// Tells the logic of characters that wait, by the threshold that it has set.
+// Raises an event on the event loop whenever the receive buffer has one due. While the program does
+// not take the event, the buffer keeps its characters and discards what arrives besides.
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
 
   QString deviceFolder = kDeviceFolder;
 
-  // Called on the event loop when as many characters wait as the threshold says. Gives whether the
-  // event could be taken; if not, Remind brings it up again.
+  // Handles an event; returns whether the program could take it. It cannot while another command
+  // runs, for example under a message box; Recheck raises the event again.
   std::function<bool()> onComm;
-  // Looks again whether an event is due.
-  void Remind();
-  // No event for a second: after a message box the user's hand comes first.
-  void Rest();
+  // Has the event loop check whether an event is due.
+  void Recheck();
+  // Raises no event for three seconds, so that the user can stop a receiver whose positions show
+  // one message box after the other.
+  void PauseEvents();
 
   bool SetCommPort(std::int16_t number) override;
-  void SetInBufferSize(int characters) override { line_.SetBufferSize(characters); }
+  void SetInBufferSize(int characters) override;
   bool SetSettings(const std::string& settings) override;
-  void SetRThreshold(int characters) override { threshold_ = characters; }
-  bool Open() override { return !IsOpen() && line_.Open(device_, speed_); }
-  void Close() override { line_.Close(); }
-  bool IsOpen() const override { return line_.IsOpen(); }
-  std::string Input() override { return line_.Read(); }
+  void SetRThreshold(int characters) override;
+  bool Open() override;
+  void Close() override { device_.Close(); }
+  bool IsOpen() const override { return device_.IsOpen(); }
+  std::string Input() override { return TakeCharacters(buffer_); }
 
  private:
-  void Arrived();
+  void OnData();
+  void DiscardNewCharacters();
 
-  SerialLine line_{[this] { Arrived(); }};
-  QTimer reminder_;
-  QString device_;  // of the chosen port
-  int speed_ = 9600;
-  int threshold_ = 0;
-  bool resting_ = false;
+  SerialDevice device_{[this] { OnData(); }};
+  ReceiveBuffer buffer_;
+  std::string arrived_;  // characters read from the device that are not yet in the buffer
+  QTimer timer_;         // ends a pause, or starts a check at once
+  QString path_;         // device of the chosen port
+  int speed_ = 9600;     // baud
+  bool isPaused_ = false;
 };

@@ -1,13 +1,14 @@
-// The per-user settings store. What another running copy stored meanwhile is kept.
-// On Linux a file in the user's configuration folder, replaced as a whole, so that a crash leaves
-// the old or the new values; a damaged one gives the values that can be read. On Windows the
-// registry, HKEY_CURRENT_USER\Software\Tarnwick with a key for each section.
+// The settings store of the user. It keeps what another running copy of the program stored
+// meanwhile.
+// On Linux a file in the user's configuration folder, which is replaced as a whole: after a crash
+// it contains the old or the new values. Of a damaged file the readable values count. On Windows
+// the registry, HKEY_CURRENT_USER\Software\Tarnwick with a key for each section.
 #pragma once
 
 #include <QSettings>
 #include <string>
 
-// Names of sections and keys compare without case.
+// The names of sections and keys compare without case.
 struct SettingsStore {
   SettingsStore();
 
@@ -15,7 +16,7 @@ struct SettingsStore {
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& otherwise) const;
   void Store(const std::string& section, const std::string& key, const std::string& text);
-  // Writes what was stored.
+  // Writes the stored texts to the file.
   void Flush();
 
   QSettings settings;

@@ -1,8 +1,9 @@
-// Lets the system's wish that the program end reach it, so that it closes in order.
+// Ends the program in order when the system asks for it.
 #pragma once
 
 #include <functional>
 
-// Has `end` called on the event loop: on Linux after SIGINT (a terminal's Ctrl+C), SIGTERM or
-// SIGHUP, on Windows at the end of the session.
+// Has `end` called on the event loop: on Linux after SIGINT (Ctrl+C in a terminal), SIGTERM or
+// SIGHUP, on Windows at the end of the session. On Linux a second SIGINT ends the program at once,
+// in case it hangs.
 void OnTermination(const std::function<void()>& end);

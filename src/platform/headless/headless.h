@@ -1,40 +1,64 @@
-// A complete platform without windows: it remembers what was asked of it. Tests and the journey
-// driver run the program's real procedures on it.
+// A complete platform without windows: it records what the program asks for. Tests, fuzz targets
+// and the journey driver run the program's real procedures on it.
 #pragma once
 
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/headless/memory_files.h"
 #include "platform/platform.h"
+#include "platform/receive_buffer.h"
 
-// A serial line that is fed by hand.
+// Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
+// program makes them: opening, reading, writing and closing a file, reading and storing a setting,
+// choosing, setting up and opening a port, starting a program.
+struct FaultInjection {
+  int calls = 0;         // made so far
+  int failAt = 0;        // number of the call that fails; 0 for none
+  std::string failed{};  // name of the call that failed
+
+  // Counts a call; whether it has to fail.
+  bool Fails(const char* call) {
+    if (++calls != failAt) return false;
+    failed = call;
+    return true;
+  }
+};
+
+// A serial control without a device; Feed supplies its characters.
 struct HeadlessSerial : SerialControl {
-  std::set<int> ports;  // those that can be opened
-  int port = 0;
-  int bufferSize = 128;
-  int threshold = 0;
-  std::string settings;
-  bool open = false;
-  std::string waiting;           // characters that arrived and were not yet read
+  explicit HeadlessSerial(FaultInjection& faultsOfPlatform) : faults(faultsOfPlatform) {}
+
+  std::set<int> ports;           // those that can be opened
   std::function<void()> onComm;  // the program's handler of the serial event
 
+  FaultInjection& faults;
+  int port = 0;
+  bool open = false;
+  std::string arrived;  // characters that are not yet in the buffer
+  ReceiveBuffer buffer;
+
   bool SetCommPort(std::int16_t number) override;
-  void SetInBufferSize(int characters) override { bufferSize = characters; }
-  bool SetSettings(const std::string& text) override;
-  void SetRThreshold(int characters) override { threshold = characters; }
+  void SetInBufferSize(int characters) override;
+  bool SetSettings(const std::string& settings) override;
+  void SetRThreshold(int characters) override;
   bool Open() override;
   void Close() override;
   bool IsOpen() const override { return open; }
-  std::string Input() override;
+  std::string Input() override { return TakeCharacters(buffer); }
 };
 
-// Settings, date and serial line stand in memory; of files there is what lies in driveC.
 struct HeadlessPlatform : Platform {
+  HeadlessPlatform() = default;
+  HeadlessPlatform(const HeadlessPlatform&) = delete;
+  HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+
   // Compares names as the settings store does.
   struct WithoutCase {
     bool operator()(const std::string& a, const std::string& b) const;
@@ -43,13 +67,14 @@ struct HeadlessPlatform : Platform {
     std::string section, key, text;
   };
 
-  std::filesystem::path driveC;                          // the folder that stands for drive c:
+  std::optional<MemoryFiles> files;  // if set, these are all files that there are
+  std::filesystem::path driveC;      // of real files the folder that represents drive c:
   std::map<std::string, Setting, WithoutCase> settings;  // by section and key
-  std::vector<std::string> events;                       // "MsgBox ...", "Shell ..." as they came
-  bool startsPrograms = true;                            // false: every Shell fails
+  std::vector<std::string> events;  // "MsgBox TEXT" and "Shell COMMAND" in their order
   std::chrono::year_month_day today{
       std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now())};
-  HeadlessSerial serial;
+  FaultInjection faults;
+  HeadlessSerial serial{faults};
 
   std::string ReadSetting(const std::string& section, const std::string& key,
                           const std::string& otherwise) override;
@@ -66,6 +91,6 @@ struct HeadlessPlatform : Platform {
   SerialControl& Serial() override { return serial; }
 };
 
-// Characters arrive at the open port, all at once; the program's handler runs as long as the
-// threshold of waiting characters is reached. While the port is closed they are lost.
+// Characters arrive at the open port, all at once; the handler runs for each event that they cause.
+// At a closed port they are lost.
 void Feed(HeadlessSerial& serial, const std::string& characters);

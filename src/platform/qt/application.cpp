@@ -6,55 +6,65 @@
 #include <algorithm>
 
 #include "gps/nmea_receiver.h"
+#include "platform/qt/pointing_window.h"
+#include "platform/qt/results_window.h"
+#include "platform/qt/setup_window.h"
+#include "sites/listing/listing.h"
 #include "workspace/events/start_and_exit.h"
 
-Program::Program() {
-  desktop.showRecord = [this] { mirror.Show(); };
-  // Queued: the window may be shown by the command that asks.
+Application::Application() {
+  desktop.showRecord = [this] { runner.Refresh(); };
+  // Queued, because the command that asks may also be what shows the window.
   desktop.focusWindow = [this](WindowName name) {
-    QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).ToFront(); });
+    QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).BringToFront(); });
   };
-  desktop.serial.onComm = [this] { return mirror.Run(SetUpCom::MSComm1_OnComm); };
-  mirror.onIdle = [this] { desktop.serial.Remind(); };
-
-  mainWindow.onClose = [this] {
-    mirror.Run(CloseFrameEvent(WindowName::Tarnwick));
+  desktop.serial.onComm = [this] { return runner.Run(SetUpCom::MSComm1_OnComm); };
+  desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
+  runner.onIdle = [this] { desktop.Recheck(); };
+  mainWindow.onClosed = [this] {
     desktop.settings.Flush();
     if (onEnd) onEnd();
   };
-  for (const WindowName name :
-       {WindowName::BearingCalc, WindowName::ShowList, WindowName::SetUpCom})
-    WindowOf(name).onClose = [this, name] { mirror.Run(CloseFrameEvent(name)); };
-
-  for (FramedWindow* window : round) {
-    auto* next = new QShortcut(Qt::Key_F6, window);
-    QObject::connect(next, &QShortcut::activated, window, [this, window] { GoOnFrom(window); });
-  }
+  AddKeys(mainWindow);
+  runner.AddRefresher(&mainWindow, [this] {
+    EachWindow(w, [this](WindowName name, const char* /*objectName*/, const Window& state) {
+      if (state.visible) WindowOf(name);
+    });
+  });
 }
 
-void Program::GoOnFrom(const FramedWindow* window) {
-  auto next = std::find(round.begin(), round.end(), window);
-  do {
-    if (++next == round.end()) next = round.begin();
-  } while (!(*next)->isVisible());
-  (*next)->ToFront();
+void Application::AddKeys(FramedWindow& window) {
+  auto* next = new QShortcut(Qt::Key_F6, &window);
+  QObject::connect(next, &QShortcut::activated, &window, [this, &window] {
+    const std::vector<FramedWindow*> cycle = VisibleWindows();
+    const auto at = std::find(cycle.begin(), cycle.end(), &window);
+    (at == cycle.end() || at + 1 == cycle.end() ? cycle.front() : *(at + 1))->BringToFront();
+  });
 }
 
-FramedWindow& Program::WindowOf(WindowName name) {
-  switch (name) {
-    case WindowName::BearingCalc:
-      return pointing;
-    case WindowName::ShowList:
-      return results;
-    case WindowName::SetUpCom:
-      return setUp;
-    default:
-      return mainWindow;
-  }
+std::vector<FramedWindow*> Application::VisibleWindows() {
+  std::vector<FramedWindow*> visible{&mainWindow};
+  for (const auto& window : others_)
+    if (window && window->isVisible()) visible.push_back(window.get());
+  return visible;
 }
 
-void Program::End() {
-  if (!mirror.IsBusy()) {
+FramedWindow& Application::WindowOf(WindowName name) {
+  if (name == WindowName::Tarnwick) return mainWindow;
+  std::unique_ptr<FramedWindow>& window = others_[static_cast<std::size_t>(name)];
+  if (window) return *window;
+  if (name == WindowName::BearingCalc)
+    window = std::make_unique<PointingWindowView>(runner, mainWindow);
+  else if (name == WindowName::ShowList)
+    window = std::make_unique<ResultsWindowView>(runner);
+  else
+    window = std::make_unique<SetUpWindowView>(runner);
+  AddKeys(*window);
+  return *window;
+}
+
+void Application::End() {
+  if (!runner.IsBusy()) {
     mainWindow.close();
     return;
   }
@@ -62,6 +72,7 @@ void Program::End() {
   QTimer::singleShot(0, &mainWindow, [this] { End(); });
 }
 
-void Program::Start() {
-  mirror.Run(Form_Load);
+void Application::Start(const QString& place) {
+  runner.Run(Form_Load);
+  if (!place.isEmpty()) mainWindow.UsePlace(place);
 }

@@ -1,36 +1,38 @@
-// The running program: the record, the desktop and the windows, joined.
+// The running program: the record, the desktop and the windows together.
 #pragma once
 
 #include <array>
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include "platform/desktop/desktop_platform.h"
 #include "platform/qt/main_window.h"
-#include "platform/qt/pointing_window.h"
-#include "platform/qt/results_window.h"
-#include "platform/qt/setup_window.h"
 
-// Made, then started; the windows are there, hidden, before the start.
-struct Program {
-  Program();
+// The constructor makes the main window, which stays hidden until Start.
+struct Application {
+  Application();
 
-  // Runs the start-up and shows the windows.
-  void Start();
-  // Closes the main window, and first whatever stands before it.
+  // Runs the start-up, which shows the windows, and then uses `place` unless it is empty.
+  void Start(const QString& place = {});
+  // Closes an open message box and then the main window.
   void End();
-  // The window on screen of a window of the record.
+  // Returns the window on screen for a window of the record. The first call for a window makes it:
+  // the start makes only what it shows.
   FramedWindow& WindowOf(WindowName name);
-  // Goes from a window on screen to the next one, as F6 does: there may be no window manager.
-  void GoOnFrom(const FramedWindow* window);
-  // Called when the main window has been closed and everything is stored.
+  // Returns the visible windows. F6 brings the next of them to the front, for systems without a
+  // window manager.
+  std::vector<FramedWindow*> VisibleWindows();
+  // Called when the main window is closed and the settings are stored.
   std::function<void()> onEnd;
 
   Desktop desktop;
   Workspace w{desktop};
-  Mirror mirror{w};
-  MainWindowView mainWindow{mirror};
-  PointingWindowView pointing{mirror, mainWindow};
-  ResultsWindowView results{mirror};
-  SetUpWindowView setUp{mirror};
-  const std::array<FramedWindow*, 4> round{&mainWindow, &pointing, &results, &setUp};
+  CommandRunner runner{w};
+  MainWindowView mainWindow{runner};
+
+ private:
+  void AddKeys(FramedWindow& window);
+
+  std::array<std::unique_ptr<FramedWindow>, 4> others_;  // by WindowName
 };

@@ -1,47 +1,91 @@
 #include "platform/qt/binder.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
+#include <QFrame>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <algorithm>
 #include <limits>
 
 #include "platform/desktop/qt_text.h"
+#include "platform/qt/accessibility.h"
+#include "platform/qt/layout_helpers.h"
 
 namespace {
 
-void Paint(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
-  if (!colour && !widget->palette().isBrushSet(QPalette::Active, role)) return;
+// Calls a function on each left click into a widget that has no signal for it.
+class LeftClickFilter : public QObject {
+ public:
+  LeftClickFilter(QWidget* widget, std::function<void()> onClick)
+      : QObject(widget), widget_(widget), onClick_(std::move(onClick)) {
+    widget->installEventFilter(this);
+  }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::MouseButtonRelease) return false;
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() == Qt::LeftButton && widget_->rect().contains(mouse->position().toPoint()))
+      onClick_();
+    return false;
+  }
+
+ private:
+  QWidget* widget_;
+  std::function<void()> onClick_;
+};
+
+// A button that ignores the second press of a double click, and leaves Enter to its window.
+class SinglePressButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override {  // with more room for the caption than the style has
+    return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
+  }
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    isEnter ? event->ignore() : QPushButton::keyPressEvent(event);
+  }
+};
+
+void SetColour(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
   QPalette palette = widget->palette();
+  const bool isSet = palette.isBrushSet(QPalette::Active, role);
+  if (!colour && !isSet) return;
   const QColor shown = colour ? ToQt(*colour) : LightPalette().color(role);
+  if (isSet && palette.color(QPalette::Active, role) == shown) return;
   palette.setColor(QPalette::Active, role, shown);
   palette.setColor(QPalette::Inactive, role, shown);
   widget->setPalette(palette);
 }
 
-// A form that was worked out is told from the one that was given by its colour alone.
-bool IsCalculated(const TextBox& state) {
-  return state.redIfCalculated && state.fore == kRed;
-}
-
-// What the record holds of a typed text, shown in its place if a character had to give way. Of
-// several pasted lines the first counts: a cell of a table comes with its line end.
-std::string Taken(QLineEdit* edit) {
+// Returns the text of an editor as the record stores it, and shows that if it differs: characters
+// that the single-byte set lacks are replaced. Of several pasted lines the first counts, because a
+// copied cell of a table comes with its line end.
+std::string SanitizedText(QLineEdit* edit) {
   std::string text = FromQt(edit->text());
   text.erase(0, text.find_first_not_of("\r\n"));
   text.erase(std::min(text.find_first_of("\r\n"), text.size()));
   const QString shown = ToQt(text);
   if (shown != edit->text()) {
     const qsizetype cursor = ToQt(FromQt(edit->text().left(edit->cursorPosition()))).size();
-    const QSignalBlocker quiet(edit);
+    const QSignalBlocker blocker(edit);
     edit->setText(shown);
     edit->setCursorPosition(static_cast<int>(cursor));
   }
   return text;
+}
+
+bool ShowsItems(const QComboBox& box, const std::vector<std::string>& items) {
+  int i = 0;
+  return box.count() == static_cast<int>(items.size()) &&
+         std::all_of(items.begin(), items.end(),
+                     [&](const std::string& item) { return box.itemText(i++) == ToQt(item); });
 }
 
 }  // namespace
@@ -55,171 +99,154 @@ QPalette LightPalette() {
   return light;
 }
 
-bool Mirror::Run(const std::function<void(Workspace&)>& command) {
-  if (busy_) return false;
-  busy_ = true;
-  command(w);
-  busy_ = false;
-  Show();
-  if (onIdle) onIdle();
-  return true;
-}
-
-bool Mirror::Run(const Event& event) {
-  if (event.readsDatabase) QApplication::setOverrideCursor(Qt::WaitCursor);
-  const bool ran = Run(event.run);
-  if (event.readsDatabase) QApplication::restoreOverrideCursor();
-  return ran;
-}
-
-void Mirror::Show() {
-  showing_ = true;
-  for (const auto& update : updates_) update();
-  showing_ = false;
-}
-
-template <class State, class Update>
-std::shared_ptr<State> Mirror::OnChange(const State& state, Update update) {
-  showing_ = true;
-  update();
-  showing_ = false;
-  auto shown = std::make_shared<State>(state);
-  OnShow([&state, update, shown] {
-    if (*shown == state) return;
-    *shown = state;
-    update();
-  });
-  return shown;
-}
-
-void Mirror::KeepPlace(QWidget* widget) {
+void Binder::Bind(QWidget* widget, const char* name, const char* tip,
+                  const std::function<void()>& refresh) const {
+  widget->setObjectName(name);
+  if (*tip != 0)  // as rich text, so that long tips are wrapped
+    widget->setToolTip("<p style='white-space:pre-wrap'>" + QString(tip).toHtmlEscaped());
+  Describe(widget, tip);
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   widget->setSizePolicy(policy);
+  refresh();
+  runner_.AddRefresher(widget, refresh);
 }
 
-void Mirror::Describe(QWidget* widget, const char* name, const char* tip) {
-  const QString mark = QString("[%1]").arg(name);
-  widget->setObjectName(name);
-  widget->setToolTip(tip);
-  widget->setAccessibleDescription(*tip == '\0' ? mark : QString("%1 %2").arg(tip, mark));
+const Event* Binder::EventOf(const char* name, UserAction action) const {
+  return FindEvent(windowName_, name, action);
 }
 
-void Mirror::Bind(WindowName /*window*/, const char* name, TextBox& state, QLineEdit* edit) {
-  Describe(edit, name, state.tip);
-  KeepPlace(edit);
+QLineEdit* Binder::Make(const char* name, TextBox& control) const {
+  auto* edit = new QLineEdit(window_);
   edit->setMaxLength(std::numeric_limits<int>::max());
-  edit->setReadOnly(state.readOnly);
-  const QString described = edit->accessibleDescription();
-  const auto shown = OnChange(state, [edit, &state, described] {
-    const QString text = ToQt(state.text);
+  edit->installEventFilter(window_);
+  Bind(edit, name, control.tip, [edit, &control] {
+    const QSignalBlocker blocker(edit);
+    edit->setReadOnly(control.readOnly);
+    const QString text = ToQt(control.text);
     if (edit->text() != text) {
-      edit->setText(text);
-      // What a command has written gives way to the next typing.
-      if (state.readOnly) edit->setCursorPosition(0);
-      if (!state.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
+      // The user can undo the click that empties the box.
+      edit->selectAll();
+      text.isEmpty() ? edit->del() : edit->setText(text);
+      if (control.readOnly) edit->setCursorPosition(0);
+      // The next typing replaces what a command has written.
+      if (!control.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
     }
-    Paint(edit, QPalette::Text, state.fore);
-    Paint(edit, QPalette::Base, state.back);
-    edit->setAccessibleDescription((IsCalculated(state) ? "Calculated. " : "") + described);
-    edit->setEnabled(state.enabled);
-    edit->setVisible(state.visible);
+    SetColour(edit, QPalette::Text, control.fore);
+    SetColour(edit, QPalette::Base, control.back);
+    Describe(edit, control.tip, control.redIfCalculated && control.fore == kRed);
+    edit->setEnabled(control.enabled);
+    edit->setVisible(control.visible);
   });
-  QObject::connect(edit, &QLineEdit::textChanged, edit, [this, edit, &state, shown] {
-    if (!showing_) shown->text = state.text = Taken(edit);
-  });
+  QObject::connect(edit, &QLineEdit::textChanged, edit,
+                   [edit, &control] { control.text = SanitizedText(edit); });
+  if (const Event* event = EventOf(name, UserAction::Click)) {
+    new LeftClickFilter(edit, [this, event] { runner_.Run(*event); });
+    auto* shortcut = new QShortcut(QKeySequence(event->key), window_);
+    QObject::connect(shortcut, &QShortcut::activated, edit, [this, event, edit] {
+      edit->setFocus();
+      runner_.Run(*event);
+    });
+  }
+  return edit;
 }
 
-void Mirror::Bind(WindowName /*window*/, const char* name, TextArea& state, QPlainTextEdit* edit) {
-  Describe(edit, name, state.tip);
-  KeepPlace(edit);
-  edit->setReadOnly(state.readOnly);
-  edit->setTextInteractionFlags(edit->textInteractionFlags() | Qt::TextSelectableByKeyboard);
+QPlainTextEdit* Binder::Make(const char* name, TextArea& control) const {
+  auto* edit = new QPlainTextEdit(window_);
   edit->setTabChangesFocus(true);
-  QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [this, edit, &state] {
-    if (!showing_) state.text = FromQt(edit->toPlainText());
-  });
-  OnChange(state, [edit, &state] {
-    const QString text = ToQt(state.text);
+  Bind(edit, name, control.tip, [edit, &control] {
+    const QSignalBlocker blocker(edit);
+    if (edit->isReadOnly() != control.readOnly) edit->setReadOnly(control.readOnly);
+    edit->setTextInteractionFlags(edit->textInteractionFlags() | Qt::TextSelectableByKeyboard);
+    const QString text = ToQt(control.text);
     if (edit->toPlainText() != text) edit->setPlainText(text);
-    edit->setEnabled(state.enabled);
-    edit->setVisible(state.visible);
+    edit->setEnabled(control.enabled);
+    edit->setVisible(control.visible);
   });
+  QObject::connect(edit, &QPlainTextEdit::textChanged, edit,
+                   [edit, &control] { control.text = FromQt(edit->toPlainText()); });
+  return edit;
 }
 
-void Mirror::Bind(WindowName /*window*/, const char* name, Label& state, QLabel* label) {
-  Describe(label, name, "");
-  KeepPlace(label);
+CaptionLabel* Binder::Make(const char* name, Label& control) const {
+  auto* label = new CaptionLabel(window_);
   label->setTextFormat(Qt::PlainText);
-  OnChange(state, [label, &state] {
-    label->setText(ToQt(state.caption));
-    Paint(label, QPalette::WindowText, state.fore);
-    Paint(label, QPalette::Window, state.back);
-    label->setAutoFillBackground(state.back.has_value());
-    label->setVisible(state.visible);
+  Bind(label, name, "", [label, &control] {
+    label->setText(ToQt(control.caption));
+    SetColour(label, QPalette::WindowText, control.fore);
+    SetColour(label, QPalette::Window, control.back);
+    label->setAutoFillBackground(control.back.has_value());
+    label->setVisible(control.visible);
   });
+  return label;
 }
 
-void Mirror::Bind(WindowName window, const char* name, Button& state, QPushButton* button) {
-  Describe(button, name, state.tip);
-  KeepPlace(button);
+QPushButton* Binder::Make(const char* name, Button& control) const {
+  auto* button = new SinglePressButton(window_);
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves Enter to the default button
-  if (const Event* handler = FindEvent(window, name, UserAction::Click))
-    QObject::connect(button, &QPushButton::clicked, button, [this, handler] { Run(*handler); });
-  OnChange(state, [button, &state] {
-    button->setText(ToQt(state.caption));
-    Paint(button, QPalette::Button, state.back);
-    // Qt would pass the focus of a button that goes on to the next one, for Enter to press.
+  if (const Event* event = EventOf(name, UserAction::Click))
+    QObject::connect(button, &QPushButton::clicked, button, [this, event] { runner_.Run(*event); });
+  Bind(button, name, control.tip, [button, &control] {
+    button->setText(ToQt(control.caption));
+    SetColour(button, QPalette::Button, control.back);
+    // Qt would move the focus of a disabled or hidden button to the next button, which Enter would
+    // then press.
     QWidget* window = button->window();
-    if (window->focusWidget() == button && !(state.enabled && state.visible)) window->setFocus();
-    button->setEnabled(state.enabled);
-    button->setVisible(state.visible);
+    if (window->focusWidget() == button && !(control.enabled && control.visible))
+      window->setFocus();
+    button->setEnabled(control.enabled);
+    button->setVisible(control.visible);
   });
+  return button;
 }
 
-void Mirror::Bind(WindowName window, const char* name, CheckBox& state, QCheckBox* box) {
-  Describe(box, name, state.tip);
-  KeepPlace(box);
-  const Event* handler = FindEvent(window, name, UserAction::Click);
-  QObject::connect(box, &QCheckBox::toggled, box, [this, handler, &state](bool checked) {
-    if (showing_) return;
-    state.checked = checked;
-    if (handler != nullptr) Run(*handler);
+QCheckBox* Binder::Make(const char* name, CheckBox& control) const {
+  auto* box = new QCheckBox(window_);
+  Bind(box, name, control.tip, [box, &control] {
+    const QSignalBlocker blocker(box);
+    box->setText(ToQt(control.caption));
+    box->setChecked(control.checked);
+    box->setEnabled(control.enabled);
+    box->setVisible(control.visible);
   });
-  OnChange(state, [box, &state] {
-    box->setText(ToQt(state.caption));
-    box->setChecked(state.checked);
-    box->setEnabled(state.enabled);
-    box->setVisible(state.visible);
+  const Event* event = EventOf(name, UserAction::Click);
+  QObject::connect(box, &QCheckBox::toggled, box, [this, event, &control](bool checked) {
+    control.checked = checked;
+    if (event != nullptr) runner_.Run(*event);
   });
+  return box;
 }
 
-void Mirror::Bind(WindowName /*window*/, const char* name, ComboBox& state, QComboBox* box) {
-  Describe(box, name, "");
-  KeepPlace(box);
+QComboBox* Binder::Make(const char* name, ComboBox& control) const {
+  auto* box = new QComboBox(window_);
   box->setEditable(true);
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
-  const auto shown = OnChange(state, [box, &state] {
-    if (box->count() != static_cast<int>(state.items.size())) {
+  Bind(box, name, "", [box, &control] {
+    const QSignalBlocker blocker(box);
+    const bool sameItems = ShowsItems(*box, control.items);
+    if (!sameItems) {
       box->clear();
-      for (const std::string& item : state.items) box->addItem(ToQt(item));
+      for (const std::string& item : control.items) box->addItem(ToQt(item));
     }
-    // The arrow keys go on from the entry that is shown; a text that is none stands before the
-    // first.
-    const QString text = ToQt(state.text);
-    box->setCurrentIndex(box->findText(text));
-    if (box->currentText() != text) box->setEditText(text);
-    box->setEnabled(state.enabled);
-    box->setVisible(state.visible);
+    const QString text = ToQt(control.text);
+    if (!sameItems || box->currentText() != text) {
+      // The arrow keys move on from the item that is shown, or from before the first if the text is
+      // none of the items.
+      box->setCurrentIndex(box->findText(text));
+      if (box->currentText() != text) box->setEditText(text);
+    }
+    box->setEnabled(control.enabled);
+    box->setVisible(control.visible);
   });
-  QObject::connect(box, &QComboBox::currentTextChanged, box, [this, box, &state, shown] {
-    if (!showing_) shown->text = state.text = Taken(box->lineEdit());
-  });
+  QObject::connect(box, &QComboBox::currentTextChanged, box,
+                   [box, &control] { control.text = SanitizedText(box->lineEdit()); });
+  return box;
 }
 
-void Mirror::Bind(WindowName /*window*/, const char* name, Frame& state, QFrame* frame) {
-  Describe(frame, name, "");
-  KeepPlace(frame);
-  OnChange(state, [frame, &state] { frame->setVisible(state.visible); });
+QFrame* Binder::Make(const char* name, Frame& control) const {
+  auto* frame = new QFrame(window_);
+  frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+  Bind(frame, name, "", [frame, &control] { frame->setVisible(control.visible); });
+  return frame;
 }

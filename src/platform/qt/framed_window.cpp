@@ -1,97 +1,103 @@
 #include "platform/qt/framed_window.h"
 
-#include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QPushButton>
+#include <QLineEdit>
 #include <QScreen>
-#include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
 #include "platform/desktop/qt_text.h"
+#include "platform/qt/accessibility.h"
 
 namespace {
 
-// A window manager may answer a placing with a place of its own for about this long.
-constexpr int kSettleMilliseconds = 400;
-
-// How long the frame of a window that appears may take; only then can it be placed exactly.
-constexpr int kFrameMilliseconds = 50;
-
-int Pixels(float twips) {
+int ToPixels(float twips) {
   return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -1e6F, 1e6F)));
 }
 
-// A plain widget would be announced as a filler, and its title not at all.
-QAccessibleInterface* AccessibleWindow(const QString& /*className*/, QObject* object) {
-  auto* window = dynamic_cast<FramedWindow*>(object);
-  return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+float ToTwips(int pixels) {
+  return static_cast<float>(pixels) * kTwipsPerPixel;
+}
+
+WindowName NameOf(const Workspace& w, const Window& state) {
+  WindowName found{};
+  EachWindow(w, [&](WindowName name, const char* /*objectName*/, const Window& window) {
+    if (&window == &state) found = name;
+  });
+  return found;
 }
 
 }  // namespace
 
-FramedWindow::FramedWindow(Mirror& mirror, Window& state, const char* name)
-    : mirror_(mirror), state_(state) {
-  [[maybe_unused]] static const bool kInstalled =
-      (QAccessible::installFactory(AccessibleWindow), true);
-  Mirror::Describe(this, name, "");
-  setPalette(LightPalette());
-  setAutoFillBackground(true);
-  mirror.OnShow([this] { ShowState(); });
+FramedWindow::FramedWindow(CommandRunner& runner, Window& state)
+    : runner_(runner), state_(state), name_(NameOf(runner.w, state)), binder_(runner, name_, this) {
+  InstallAccessibleRoles();
+  EachWindow(runner.w, [this](WindowName name, const char* objectName, const Window& /*window*/) {
+    if (name == name_) setObjectName(objectName);
+  });
+  Describe(this, "");
+  QApplication::setPalette(LightPalette());  // of message boxes and menus as well
+  connect(qApp, &QApplication::focusChanged, this, &FramedWindow::ShowDefaultButton);
+  runner.AddRefresher(this, [this] { Refresh(); });
 }
 
 void FramedWindow::SetDefaultButton(QPushButton* button) {
   if (default_ == button) return;
   if (default_ != nullptr) default_->setDefault(false);
   default_ = button;
-  if (default_ != nullptr) default_->setDefault(true);
+  ShowDefaultButton();
 }
 
-QRect FramedWindow::ScreenAt(QPoint place) {
-  const QScreen* at = QGuiApplication::screenAt(place);
-  if (at == nullptr) at = QGuiApplication::primaryScreen();
-  return at->availableGeometry();
+// A button with the focus takes Enter from the default button, which then must not look the same.
+void FramedWindow::ShowDefaultButton() {
+  if (default_ == nullptr) return;
+  const auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  default_->setDefault(focused == nullptr || focused == default_);
+}
+
+QRect FramedWindow::ScreenAt(QPoint point) {
+  const QScreen* screen = QGuiApplication::screenAt(point);
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  return screen->availableGeometry();
 }
 
 QPoint FramedWindow::PlaceFor(QPoint wanted) const {
   const QRect screen = ScreenAt(wanted);
-  const QSize room = screen.size() - frameGeometry().size();
-  return {std::clamp(wanted.x(), screen.left(), screen.left() + std::max(0, room.width())),
-          std::clamp(wanted.y(), screen.top(), screen.top() + std::max(0, room.height()))};
+  const QSize free = screen.size() - frameGeometry().size();
+  return {std::clamp(wanted.x(), screen.left(), screen.left() + std::max(0, free.width())),
+          std::clamp(wanted.y(), screen.top(), screen.top() + std::max(0, free.height()))};
 }
 
-void FramedWindow::ShowState() {
-  if (shown_.caption != state_.caption || windowTitle().isEmpty())
-    setWindowTitle(ToQt(state_.caption));
-  // Size before place: a place set first would drift by the frame.
+void FramedWindow::Refresh() {
+  if (shown_.caption != state_.caption || windowTitle().isEmpty()) ShowTitle();
+  // Size before position: a position set first would drift by the frame.
   const bool appears = state_.visible && !isVisible();
   if (appears || shown_.width != state_.width || shown_.height != state_.height) ShowSize();
-  const bool moved = shown_.left != state_.left || shown_.top != state_.top;
+  const bool moves = shown_.left != state_.left || shown_.top != state_.top;
   shown_ = state_;
-  if (moved || appears) Place();
+  if (moves) isMovedByUser_ = false;
+  if (appears || moves) Place();
   if (state_.visible != isVisible()) setVisible(state_.visible);
-  if (appears) QTimer::singleShot(kFrameMilliseconds, this, [this] { Place(); });
+}
+
+// The window is wide enough for the title if the screen is.
+void FramedWindow::ShowTitle() {
+  constexpr int kFrameButtons = 120;  // pixels
+  setWindowTitle(ToQt(state_.caption));
+  const int width = fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons;
+  if (layout() != nullptr && width > layout()->totalMinimumSize().width())
+    setMinimumWidth(std::min(width, ScreenAt(pos()).width()));
 }
 
 void FramedWindow::Place() {
-  AwaitConsequences();
-  move(PlaceFor({Pixels(state_.left), Pixels(state_.top)}));
+  move(PlaceFor({ToPixels(state_.left), ToPixels(state_.top)}));
 }
 
-void FramedWindow::AwaitConsequences() {
-  ++settling_;
-  QTimer::singleShot(kSettleMilliseconds, this, [this] { --settling_; });
-}
-
-bool FramedWindow::IsUsersDoing() const {
-  const auto filling = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
-  return isVisible() && settling_ == 0 && !(windowState() & filling);
-}
-
-void FramedWindow::ToFront() {
+void FramedWindow::BringToFront() {
   setWindowState(windowState() & ~Qt::WindowMinimized);
   raise();
   activateWindow();
@@ -99,36 +105,83 @@ void FramedWindow::ToFront() {
 }
 
 void FramedWindow::ResizeToDesign() {
-  AwaitConsequences();
   layout()->activate();
-  const QSize design(Pixels(state_.width), Pixels(state_.height));
+  const QSize design(ToPixels(state_.width), ToPixels(state_.height));
   resize(design.expandedTo(layout()->totalMinimumSize()));
 }
 
 void FramedWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (onClose && !mirror_.IsBusy()) onClose();
+  if (runner_.Run(CloseFrameEvent(name_)) && onClosed) onClosed();
 }
 
 void FramedWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
     return QWidget::keyPressEvent(event);
+  if (event->isAutoRepeat()) return;
   auto* focused = qobject_cast<QPushButton*>(focusWidget());
   QPushButton* button = focused != nullptr ? focused : default_;
   if (button != nullptr && button->isVisible() && button->isEnabled()) button->click();
 }
 
+void FramedWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (event->spontaneous()) return;
+  isAppearing_ = true;
+  windowHandle()->installEventFilter(this);
+}
+
+// The window system reports here, before Qt drops what the widget knows already.
+bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == windowHandle()) {
+    if (event->type() == QEvent::Move) TakeReportedPosition();
+    if (event->type() == QEvent::Resize) TakeReportedSize();
+    if (event->type() == QEvent::Expose && isAppearing_ && windowHandle()->isExposed()) {
+      isAppearing_ = false;
+      position_.EndRequest();
+      size_.EndRequest();
+      Place();  // exactly, because the size of the frame is known now
+    }
+  }
+  // Without this the access key of a disabled button would be typed.
+  if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::AltModifier && !key->text().isEmpty()) return true;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+bool FramedWindow::IsNormal() const {
+  return isVisible() &&
+         !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+}
+
+void FramedWindow::TakeReportedPosition() {
+  // Compared without the frame, whose size may be out of date while the state of the window
+  // changes.
+  const QPoint position = windowHandle()->position();
+  if (isAppearing_) return position_.Request(position);
+  if (!IsNormal() || !position_.IsUsers(position)) return;
+  const QPoint frame = windowHandle()->framePosition();
+  shown_.left = state_.left = ToTwips(frame.x());
+  shown_.top = state_.top = ToTwips(frame.y());
+  isMovedByUser_ = true;
+}
+
+void FramedWindow::TakeReportedSize() {
+  const QSize size = windowHandle()->size();
+  if (isAppearing_) return size_.Request(size);
+  if (!IsNormal() || !size_.IsUsers(size)) return;
+  shown_.width = state_.width = ToTwips(size.width());
+  shown_.height = state_.height = ToTwips(size.height());
+}
+
 void FramedWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (!IsUsersDoing()) return;
-  shown_.left = state_.left = static_cast<float>(pos().x()) * kTwipsPerPixel;
-  shown_.top = state_.top = static_cast<float>(pos().y()) * kTwipsPerPixel;
+  if (!event->spontaneous()) position_.Request(geometry().topLeft());
 }
 
 void FramedWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  // A size that comes from within is the layout's.
-  if (!event->spontaneous() || !IsUsersDoing()) return;
-  shown_.width = state_.width = static_cast<float>(width()) * kTwipsPerPixel;
-  shown_.height = state_.height = static_cast<float>(height()) * kTwipsPerPixel;
+  if (!event->spontaneous()) size_.Request(size());
 }

@@ -4,64 +4,58 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/widgets.h"
-#include "pointing/compass.h"
+#include "platform/qt/layout_helpers.h"
 
-namespace {
-
-constexpr int kDesignSide = 96;  // pixels
-// Of the side. Smaller letters would leave the top of the picture with the N, larger ones touch the
-// circle.
-constexpr double kLetterSize = 0.17;
-constexpr double kPenWidth = 0.016;
-
-}  // namespace
-
-CompassPicture::CompassPicture(const PictureBox& state, QWidget* parent)
-    : QWidget(parent), state_(state) {
+PictureView::PictureView(const PictureBox& picture, const PictureScale& scale, QWidget* parent)
+    : QWidget(parent), picture_(picture), scale_(scale) {
   setMinimumSize(sizeHint());
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-QSize CompassPicture::sizeHint() const {
-  const int side = static_cast<int>(kDesignSide * Growth(this));
-  return {side, side};
+QSize PictureView::sizeHint() const {
+  const double height = scale_.designHeight * FontScale(this);
+  return {static_cast<int>(height * scale_.axes.width() / scale_.axes.height()),
+          static_cast<int>(height)};
 }
 
-void CompassPicture::paintEvent(QPaintEvent* /*event*/) {
+void PictureView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  const QRectF axes = scale_.axes;
+  const double pixelsPerUnit = std::min(width() / axes.width(), height() / axes.height());
+  QRectF area({}, axes.size() * pixelsPerUnit);
+  area.moveCenter(QRectF(rect()).center());
+  painter.setClipRect(area);
+  painter.fillRect(area, picture_.back ? ToQt(*picture_.back) : palette().color(QPalette::Window));
   painter.setRenderHint(QPainter::Antialiasing);
-  const double side = std::min(width(), height());
-  const double scale = side / (2.0 * static_cast<double>(kCompassEdge));
-  painter.translate((width() - side) / 2, (height() - side) / 2);
-  const QRectF whole(0, 0, side, side);
-  painter.setClipRect(whole);
-  painter.fillRect(whole, state_.back ? ToQt(*state_.back) : palette().color(QPalette::Window));
-  painter.translate(side / 2, side / 2);
+  painter.translate(area.topLeft() - axes.topLeft() * pixelsPerUnit);
+  PaintOperations(painter, pixelsPerUnit);
+}
 
+void PictureView::PaintOperations(QPainter& painter, double pixelsPerUnit) const {
+  const double height = scale_.axes.height() * pixelsPerUnit;
   QFont letters = font();
-  letters.setPixelSize(std::max(1, static_cast<int>(side * kLetterSize)));
+  letters.setPixelSize(std::max(1, static_cast<int>(height * scale_.letterSize)));
   painter.setFont(letters);
   const double ascent = QFontMetricsF(letters, this).ascent();
-  QPointF at;
-  for (const DrawOperation& op : state_.operations) {
-    const QPointF first = QPointF(op.x1, op.y1) * scale;
-    painter.setPen(QPen(ToQt(op.colour), side * kPenWidth, Qt::SolidLine, Qt::RoundCap));
+  QPointF lastPoint;
+  for (const DrawOperation& op : picture_.operations) {
+    const QPointF first = QPointF(op.x1, op.y1) * pixelsPerUnit;
+    painter.setPen(QPen(ToQt(op.colour), height * scale_.penWidth, Qt::SolidLine, Qt::RoundCap));
     switch (op.kind) {
       case DrawOperation::Kind::Line:
-        painter.drawLine(first, QPointF(op.x2, op.y2) * scale);
+        painter.drawLine(first, QPointF(op.x2, op.y2) * pixelsPerUnit);
         break;
       case DrawOperation::Kind::Circle:
-        painter.drawEllipse(first, op.radius * scale, op.radius * scale);
+        painter.drawEllipse(first, op.radius * pixelsPerUnit, op.radius * pixelsPerUnit);
         break;
       case DrawOperation::Kind::PSet:
-        // In the colour of the ground it leaves no mark, not even on the circle that it touches.
-        if (op.colour != state_.back) painter.drawPoint(first);
-        at = first;
+        // A point in the background colour leaves no mark, not even on what is drawn already.
+        if (op.colour != picture_.back) painter.drawPoint(first);
+        lastPoint = first;
         break;
       case DrawOperation::Kind::Print:
         painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(at + QPointF(0, ascent), ToQt(op.text));
+        painter.drawText(lastPoint + QPointF(0, ascent), ToQt(op.text));
         break;
     }
   }

@@ -1,69 +1,98 @@
 #include "platform/qt/pointing_window.h"
 
+#include <QEvent>
 #include <QGridLayout>
-#include <iterator>
+#include <QLineEdit>
+#include <utility>
+
+#include "platform/desktop/qt_text.h"
+#include "platform/qt/layout_helpers.h"
+#include "pointing/compass.h"
 
 namespace {
 
-constexpr const char* kFields[][2] = {{"Label5", "BearText"},
-                                      {"Label6", "BackBearText"},
-                                      {"Label4", "DistText"},
-                                      {"Label12", "UncertText"}};
+// The letters need a margin: the N begins above the top of the picture.
+constexpr double kEdge = 1.1 * kCompassEdge;
+
+// With larger letters the N would touch the circle.
+constexpr PictureScale kCompass{.axes = {-kEdge, -kEdge, 2 * kEdge, 2 * kEdge},
+                                .letterSize = 0.16,
+                                .penWidth = 0.015,
+                                .designHeight = 105};
 
 }  // namespace
 
-PointingWindowView::PointingWindowView(Mirror& mirror, const QWidget& mainWindow)
-    : FramedWindow(mirror, mirror.w.BearingCalc, "BearingCalc"),
-      main_(mainWindow),
-      widgets_(mirror, WindowName::BearingCalc, mirror.w.BearingCalc, this),
-      compass_(new CompassPicture(mirror.w.BearingCalc.C, this)) {
+PointingWindowView::PointingWindowView(CommandRunner& runner, QWidget& mainWindow)
+    : RecordWindow(runner, runner.w.BearingCalc),
+      mainWindow_(mainWindow),
+      C_(new PictureView(record_.C, kCompass, this)) {
   // The next place is typed in the main window, so that keeps the focus.
   setAttribute(Qt::WA_ShowWithoutActivating);
-  widgets_["BearText"]->setFont(FontOf(this, 17.25, true));
-  widgets_["BackBearText"]->setFont(FontOf(this, 12, true));
-  widgets_["DistText"]->setFont(FontOf(this, 12, true));
-  MakeRoomFor(widgets_.As<QLineEdit>("BearText"), "000.0");
-  MakeRoomFor(widgets_.As<QLineEdit>("DistText"), "00000.000");
-  MakeRoomFor(widgets_.As<QLineEdit>("UncertText"), "00.000deg / 00.00km / ");
-  widgets_["Ipt"]->setAccessibleName("Input");
+  BearText_->setFont(FontAtLeast(this, 17.25, true));
+  BackBearText_->setFont(FontAtLeast(this, 12, true));
+  DistText_->setFont(FontAtLeast(this, 12, true));
+  SetMinimumWidthFor(BearText_, "000.0");
+  SetMinimumWidthFor(DistText_, "00000.000");
+  SetMinimumWidthFor(UncertText_, "00.000deg / 00.00km / ");
+  Ipt_->setAccessibleName("Input");
 
   auto* grid = new QGridLayout(this);
-  grid->addWidget(widgets_["Ipt"], 0, 0, 1, 3);
-  int row = 1;
-  for (const auto& [label, field] : kFields) {
-    widgets_.Label(label, field);
-    widgets_.As<QLabel>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    grid->addWidget(widgets_[label], row, 0);
-    grid->addWidget(widgets_[field], row++, 1);
+  grid->addWidget(Ipt_, 0, 0, 1, 3);
+  int row = 0;
+  for (const auto& [label, field] :
+       {std::pair(Label5_, BearText_), std::pair(Label6_, BackBearText_),
+        std::pair(Label4_, DistText_), std::pair(Label12_, UncertText_)}) {
+    label->setBuddy(field);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid->addWidget(label, ++row, 0);
+    grid->addWidget(field, row, 1);
   }
-  grid->addWidget(compass_, 1, 2, std::size(kFields), 1);
+  // The figures keep their size, the compass grows with the window.
+  for (QLineEdit* field : {BearText_, BackBearText_, DistText_, UncertText_})
+    field->setMaximumWidth(UncertText_->minimumWidth());
+  grid->addWidget(C_, 1, 2, row + 1, 1);
   grid->setColumnStretch(2, 1);
-  grid->setRowStretch(row, 1);
+  grid->setRowStretch(row + 1, 1);
+  mainWindow.installEventFilter(this);
 
-  const PictureBox& picture = mirror.w.BearingCalc.C;
-  Mirror::Describe(compass_, "C", "");
-  compass_->setAccessibleName("Compass");
-  Mirror::KeepPlace(compass_);
-  mirror.OnShow([this, &picture, shown = PictureBox{}]() mutable {
-    compass_->setVisible(picture.visible);
-    if (shown == picture) return;
-    shown = picture;
-    compass_->update();
-  });
-  setFocusProxy(widgets_["Ipt"]);
+  binder_.Bind(C_, NameOf(&PointingWindow::C), "", [this] { ShowCompass(); });
+  setFocusProxy(Ipt_);
   ResizeToDesign();
 }
 
-// A place above the screen would come down onto the main window; beside or below it is better,
-// where there is room.
+void PointingWindowView::ShowCompass() {
+  C_->setVisible(record_.C.visible);
+  const QString name = record_.C.operations.empty()
+                           ? "Compass"
+                           : QString("Bearing %1 degrees").arg(ToQt(record_.BearText.text));
+  if (C_->accessibleName() != name) C_->setAccessibleName(name);
+  C_->update();
+}
+
+// Beside the main window, below or above it, wherever the screen has room. A place that the user
+// chose is kept.
 QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   const QPoint reachable = FramedWindow::PlaceFor(wanted);
-  const QRect main = main_.frameGeometry();
-  if (reachable.y() == wanted.y() || !main.intersects(QRect(reachable, size()))) return reachable;
+  const QSize size = frameGeometry().size();
+  const QRect main = mainWindow_.frameGeometry();
+  if (IsMovedByUser() || !main.intersects(QRect(reachable, size))) return reachable;
   const QRect screen = ScreenAt(main.center());
-  const QPoint beside(main.right() + 1, reachable.y());
-  const QPoint below(main.left(), main.bottom() + 1);
-  for (const QPoint& place : {beside, below})
-    if (screen.contains(QRect(place, size()))) return place;
-  return reachable;
+  const QPoint places[] = {{main.right() + 1, main.top()},
+                           {main.left(), main.bottom() + 1},
+                           {main.left() - size.width(), main.top()},
+                           {main.left(), main.top() - size.height()}};
+  for (const QPoint& place : places)
+    if (screen.contains(QRect(place, size))) return place;
+  return {screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height()};
+}
+
+bool PointingWindowView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &mainWindow_ && isVisible()) {
+    // After a pick the Results window would lie on the figures.
+    if (event->type() == QEvent::WindowActivate) raise();
+    // The main window may have grown into its listing layout.
+    const bool overlaps = mainWindow_.frameGeometry().intersects(frameGeometry());
+    if (event->type() == QEvent::Resize && overlaps && !IsMovedByUser()) Place();
+  }
+  return RecordWindow::eventFilter(watched, event);
 }

@@ -4,32 +4,37 @@
 #include <QFontDatabase>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
+#include "platform/qt/layout_helpers.h"
 #include "sites/lookup/lookup.h"
 
-int EntriesModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : known_;
+int ResultsModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : rowCount_;
 }
 
-QVariant EntriesModel::data(const QModelIndex& index, int role) const {
+QVariant ResultsModel::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
-  if (role != Qt::DisplayRole || row >= state_.items.size()) return {};
-  return ToQt(state_.items[row]);
+  if (role != Qt::DisplayRole || row >= list_.items.size()) return {};
+  return ToQt(list_.items[row]);
 }
 
-bool EntriesModel::Follow() {
-  const int count = static_cast<int>(state_.items.size());
-  if (count == known_) return false;
-  beginResetModel();
-  known_ = count;
-  endResetModel();
-  return true;
+// Another number of entries, or the same number of other ones.
+void ResultsModel::Refresh() {
+  const int count = static_cast<int>(list_.items.size());
+  if (count != rowCount_) {
+    beginResetModel();
+    rowCount_ = count;
+    endResetModel();
+  } else if (count > 0) {
+    emit dataChanged(index(0), index(count - 1));
+  }
 }
 
-EntriesView::EntriesView(QWidget* parent) : QListView(parent) {
+ResultsView::ResultsView(QWidget* parent) : QListView(parent) {
   setFlow(QListView::TopToBottom);
   setWrapping(true);
   setResizeMode(QListView::Adjust);
@@ -40,94 +45,106 @@ EntriesView::EntriesView(QWidget* parent) : QListView(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
-void EntriesView::SetColumns(int columns) {
+void ResultsView::SetColumns(int columns) {
   if (columns == columns_) return;
   columns_ = columns;
   FitColumns();
 }
 
-int EntriesView::EntryWidth() const {
+int ResultsView::EntryWidth() const {
+  constexpr int kGutter = 2;  // characters
   QStyleOptionViewItem option;
   initViewItemOption(&option);
   option.features |= QStyleOptionViewItem::HasDisplay;
-  option.text = QString(kEntryLength, 'W');
-  return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width() + 2;
+  option.text = QString(kEntryLength + kGutter, 'W');
+  return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width();
 }
 
-void EntriesView::FitColumns() {
+void ResultsView::FitColumns() {
   const int width = viewport()->width() / std::max(1, columns_);
   setGridSize({std::max(width, EntryWidth()), fontMetrics().height() + 1});
 }
 
-// With the focus the first entry would be the current one, unseen, and the first Down pass it over.
-void EntriesView::focusInEvent(QFocusEvent* event) {
+// Qt would make the first entry the current one without showing it, so that the first Down key
+// would select the second.
+void ResultsView::focusInEvent(QFocusEvent* event) {
   QListView::focusInEvent(event);
   if (!selectionModel()->hasSelection()) setCurrentIndex({});
 }
 
-// Beside the entries nothing is selected and what is stays so.
-void EntriesView::mousePressEvent(QMouseEvent* event) {
+// A click beside the entries leaves the selection as it is.
+void ResultsView::mousePressEvent(QMouseEvent* event) {
   if (indexAt(event->position().toPoint()).isValid()) QListView::mousePressEvent(event);
 }
 
-void EntriesView::mouseDoubleClickEvent(QMouseEvent* event) {
+void ResultsView::mouseDoubleClickEvent(QMouseEvent* event) {
   QListView::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton && onDoubleClick) onDoubleClick();
 }
 
-void EntriesView::resizeEvent(QResizeEvent* event) {
+void ResultsView::resizeEvent(QResizeEvent* event) {
   FitColumns();
   QListView::resizeEvent(event);
 }
 
-ResultsWindowView::ResultsWindowView(Mirror& mirror)
-    : FramedWindow(mirror, mirror.w.ShowList, "ShowList"),
-      widgets_(mirror, WindowName::ShowList, mirror.w.ShowList, this),
-      view_(new EntriesView(this)),
-      model_(mirror.w.ShowList.PR, this) {
-  Mirror::Describe(view_, "PR", "");
-  view_->setAccessibleName("Sites found");
-  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  fixed.setFamilies({"Lucida Console", fixed.family(), "DejaVu Sans Mono", "Liberation Mono"});
-  fixed.setPointSizeF(std::max(8.25, font().pointSizeF()));
-  view_->setFont(fixed);
-  view_->setModel(&model_);
-  fixed.setPointSizeF(std::max(12.0, font().pointSizeF()));
-  widgets_["OK"]->setFont(fixed);
-
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(view_, 1);
-  column->addWidget(widgets_["OK"], 0, Qt::AlignLeft);
-
-  QWidget::setTabOrder(view_, widgets_["OK"]);
-  setFocusProxy(view_);
-  // The current entry may be one that merely has the focus; what is picked is the selected one.
-  connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    const QModelIndexList selected = view_->selectionModel()->selectedIndexes();
-    mirror_.w.ShowList.PR.index = selected.isEmpty() ? -1 : selected.front().row();
-  });
-  view_->onDoubleClick = [this] {
-    mirror_.Run(*FindEvent(WindowName::ShowList, "PR", UserAction::DoubleClick));
-  };
-  mirror.OnShow([this] { ShowList(); });
+// A notch of the wheel goes on by a column.
+void ResultsView::wheelEvent(QWheelEvent* event) {
+  constexpr int kNotch = 120;
+  wheelAngle_ += event->angleDelta().x() + event->angleDelta().y();
+  horizontalScrollBar()->setValue(horizontalScrollBar()->value() - wheelAngle_ / kNotch);
+  wheelAngle_ %= kNotch;
 }
 
-// As wide as four columns of entries, if the screen has room for them.
+ResultsWindowView::ResultsWindowView(CommandRunner& runner)
+    : RecordWindow(runner, runner.w.ShowList), model_(record_.PR, this) {
+  setAccessibleName("Results");
+  PR_->setAccessibleName("Sites found");
+  PR_->setModel(&model_);
+  SetFonts();
+
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(PR_, 1);
+  column->addWidget(OK_, 0, Qt::AlignLeft);
+
+  setFocusProxy(PR_);
+  // The current entry may be one that merely has the focus; OK picks the selected one.
+  connect(PR_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    const QModelIndexList selected = PR_->selectionModel()->selectedIndexes();
+    record_.PR.index = selected.isEmpty() ? -1 : selected.front().row();
+  });
+  const char* const name = NameOf(&ResultsWindow::PR);
+  PR_->onDoubleClick = [this, name] {
+    runner_.Run(*binder_.EventOf(name, UserAction::DoubleClick));
+  };
+  binder_.Bind(PR_, name, "", [this] { ShowList(); });
+}
+
+void ResultsWindowView::SetFonts() {
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setFamilies({"Lucida Console", fixed.family(), "DejaVu Sans Mono", "Liberation Mono"});
+  for (const auto& [widget, points] : {std::pair<QWidget*, double>(PR_, 8.25), {OK_, 12}}) {
+    fixed.setPointSizeF(FontAtLeast(this, points, false).pointSizeF());
+    widget->setFont(fixed);
+  }
+}
+
+// As wide as four columns of entries, if the screen is.
 void ResultsWindowView::ShowSize() {
   if (!state_.visible) return;
   const QMargins margins = layout()->contentsMargins();
-  const int entries = 4 * view_->EntryWidth() + 2 * view_->frameWidth();
+  const int columns = 4 * PR_->EntryWidth() + 2 * PR_->frameWidth();
   const int wanted = std::max(static_cast<int>(state_.width / kTwipsPerPixel),
-                              entries + margins.left() + margins.right());
-  resize(std::min(wanted, screen()->availableGeometry().width()),
-         static_cast<int>(state_.height / kTwipsPerPixel));
+                              columns + margins.left() + margins.right());
+  const double height = state_.height / kTwipsPerPixel * FontScale(this);
+  resize(QSize(wanted, static_cast<int>(height)).boundedTo(screen()->availableGeometry().size()));
 }
 
 void ResultsWindowView::ShowList() {
-  const ResultsWindow& window = mirror_.w.ShowList;
-  SetDefaultButton(widgets_.ButtonOf(window.*window.defaultButton));
-  view_->SetColumns(window.PR.columns);
-  const int index = window.PR.index;
-  if (model_.Follow() && index >= 0) view_->setCurrentIndex(model_.index(index));
-  if (index < 0) view_->setCurrentIndex({});
+  PR_->SetColumns(record_.PR.columns);
+  const int picked = record_.PR.index;  // a change of the model resets it
+  model_.Refresh();
+  if (picked < 0)
+    PR_->setCurrentIndex({});
+  else if (!PR_->selectionModel()->isRowSelected(picked))
+    PR_->setCurrentIndex(model_.index(picked));
 }

@@ -1,4 +1,4 @@
-// The Results window on screen.
+// The Results window on screen: what a lookup found, to pick from.
 #pragma once
 
 #include <QAbstractListModel>
@@ -6,30 +6,30 @@
 #include <functional>
 
 #include "platform/qt/framed_window.h"
-#include "platform/qt/widgets.h"
 
-// The entries, read from the record as they are shown: a million cost no widget and no copy.
-class EntriesModel : public QAbstractListModel {
+// Reads the entries from the record when they are painted: a million of them need no widgets and no
+// copies.
+class ResultsModel : public QAbstractListModel {
  public:
-  EntriesModel(const ListBox& state, QObject* parent) : QAbstractListModel(parent), state_(state) {}
+  ResultsModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
   int rowCount(const QModelIndex& parent) const override;
   QVariant data(const QModelIndex& index, int role) const override;
-  // Takes up that entries were added or that all were discarded; gives whether there was a change.
-  bool Follow();
+  // Makes the views show the entries as they are now.
+  void Refresh();
 
  private:
-  const ListBox& state_;
-  int known_ = 0;
+  const ListBox& list_;
+  int rowCount_ = 0;  // as the views know it
 };
 
-// Four columns, filled down one and then the next.
-class EntriesView : public QListView {
+// The entries in columns, filled down one and then the next.
+class ResultsView : public QListView {
  public:
-  explicit EntriesView(QWidget* parent);
+  explicit ResultsView(QWidget* parent);
   void SetColumns(int columns);
-  // Pixels that an entry of the greatest length takes.
+  // Returns the pixels that an entry of the greatest length takes, with a gutter.
   int EntryWidth() const;
-  // What a double click does, on an entry or beside them all.
+  // Called on a double click, on an entry or beside them all.
   std::function<void()> onDoubleClick;
 
  protected:
@@ -37,22 +37,24 @@ class EntriesView : public QListView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void FitColumns();
   int columns_ = 1;
+  int wheelAngle_ = 0;  // turned since the last whole notch, in eighths of a degree
 };
 
-// What a lookup found, to pick from.
-class ResultsWindowView : public FramedWindow {
+class ResultsWindowView : public RecordWindow<ResultsWindow> {
  public:
-  explicit ResultsWindowView(Mirror& mirror);
+  explicit ResultsWindowView(CommandRunner& runner);
 
  private:
   void ShowSize() override;
   void ShowList();
+  void SetFonts();
 
-  Widgets widgets_;
-  EntriesView* view_;
-  EntriesModel model_;
+  ResultsView* PR_ = new ResultsView(this);
+  QPushButton* OK_ = Make(&ResultsWindow::OK);
+  ResultsModel model_;
 };

@@ -1,30 +1,42 @@
 #include "platform/qt/setup_window.h"
 
+#include <QComboBox>
 #include <QGridLayout>
+#include <QPlainTextEdit>
 
+#include "platform/desktop/qt_text.h"
 #include "platform/desktop/serial_device.h"
+#include "platform/qt/accessibility.h"
+#include "platform/qt/layout_helpers.h"
 
-SetUpWindowView::SetUpWindowView(Mirror& mirror)
-    : FramedWindow(mirror, mirror.w.SetUpCom, "SetUpCom"),
-      widgets_(mirror, WindowName::SetUpCom, mirror.w.SetUpCom, this) {
-  widgets_.Label("Label2", "CPort");
-  widgets_.Label("Label1", "Baud");
-  widgets_["Text1"]->setAccessibleName("Message");
+SetUpWindowView::SetUpWindowView(CommandRunner& runner) : RecordWindow(runner, runner.w.SetUpCom) {
+  NameByLabel(CPort_, Label2_);
+  NameByLabel(Baud_, Label1_);
+  Text1_->setAccessibleName("Message");
 
   auto* grid = new QGridLayout(this);
-  grid->addWidget(widgets_["Label2"], 0, 0);
-  grid->addWidget(widgets_["Label1"], 0, 1);
-  grid->addWidget(widgets_["CPort"], 1, 0);
-  grid->addWidget(widgets_["Baud"], 1, 1);
-  grid->addWidget(widgets_["Command1"], 2, 0, 1, 2, Qt::AlignCenter);
-  grid->addWidget(widgets_["Text1"], 3, 0, 1, 2);
-  // An entry's tool tip is its device. The text behind "COM" is the number.
-  auto* ports = widgets_.As<QComboBox>("CPort");
-  mirror.OnShow([ports] {
-    for (int i = 0; i < ports->count(); ++i)
-      if (!ports->itemData(i, Qt::ToolTipRole).isValid())
-        ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
-  });
-  setFocusProxy(ports);
+  grid->addWidget(Label2_, 0, 0);
+  grid->addWidget(Label1_, 0, 1);
+  grid->addWidget(CPort_, 1, 0);
+  grid->addWidget(Baud_, 1, 1);
+  grid->addWidget(Command1_, 2, 0, 1, 2, Qt::AlignCenter);
+  grid->addWidget(Text1_, 3, 0, 1, 2);
+  setFocusProxy(CPort_);
+  SetDefaultButton(Command1_);
+  // Without buttons that it has no use for, the window has room for its title.
+  setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
   ResizeToDesign();
+  runner.AddRefresher(this, [this] { ShowDevices(); });
+}
+
+// The tool tip of each port is its device; the number of the port follows "COM".
+void SetUpWindowView::ShowDevices() {
+  for (int i = 0; i < CPort_->count(); ++i) {
+    const QString port = ToQt(record_.CPort.items[static_cast<std::size_t>(i)]);
+    CPort_->setItemData(i, DeviceOf(port.mid(3).toInt()), Qt::ToolTipRole);
+  }
+  // The first text of the box is "1", which names no port.
+  const bool isPort = ToQt(record_.CPort.text).startsWith("COM", Qt::CaseInsensitive);
+  Text1_->setPlaceholderText(isPort ? "" : "Choose a COM port, such as COM9.");
 }

@@ -1,14 +1,19 @@
-// The GPS set-up window on screen.
+// The GPS set-up window on screen: the port and the speed of a receiver.
 #pragma once
 
 #include "platform/qt/framed_window.h"
-#include "platform/qt/widgets.h"
 
-// Which port and speed a receiver has.
-class SetUpWindowView : public FramedWindow {
+class SetUpWindowView : public RecordWindow<SetUpWindow> {
  public:
-  explicit SetUpWindowView(Mirror& mirror);
+  explicit SetUpWindowView(CommandRunner& runner);
 
  private:
-  Widgets widgets_;
+  void ShowDevices();
+
+  CaptionLabel* Label2_ = Make(&SetUpWindow::Label2);
+  QComboBox* CPort_ = Make(&SetUpWindow::CPort);
+  CaptionLabel* Label1_ = Make(&SetUpWindow::Label1);
+  QComboBox* Baud_ = Make(&SetUpWindow::Baud);
+  QPushButton* Command1_ = Make(&SetUpWindow::Command1);
+  QPlainTextEdit* Text1_ = Make(&SetUpWindow::Text1);
 };

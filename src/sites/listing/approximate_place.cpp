@@ -32,9 +32,9 @@ using Four = std::array<double, 4>;
 Four AnglesOf(const Four& y, const Four& x) {
   constexpr double kEighth = std::numbers::pi / 4;
   // atan(t) / t in powers of t^2, to 3e-10 for |t| <= 1.
-  constexpr double c[] = {0.9999999995535376,    -0.33333322488911593, 0.19999558100363982,
-                          -0.14278576024807985,  0.1105077127584966,   -0.08785043282362845,
-                          0.06685281517877424,   -0.04392841073326746, 0.02191294586544839,
+  constexpr double c[] = {0.9999999995535376,     -0.33333322488911593, 0.19999558100363982,
+                          -0.14278576024807985,   0.1105077127584966,   -0.08785043282362845,
+                          0.06685281517877424,    -0.04392841073326746, 0.02191294586544839,
                           -0.0070306694704242115, 0.0010576074380572419};
   Four angles;
   for (std::size_t i = 0; i < angles.size(); ++i) {
@@ -70,9 +70,9 @@ DistanceAndBearings FiguresOf(const HomeStation& home, const FunctionValues& val
 }  // namespace
 
 bool AreWellConditioned(const HomeStation& home, const DistanceAndBearings& figures) {
-  constexpr double kMostHomeLat = 85;                   // degrees
-  constexpr double kLeast = 10, kMost = 20015 - 10;     // km
-  constexpr double kFromMeridian = 0.1;                 // degrees
+  constexpr double kMostHomeLat = 85;                // degrees
+  constexpr double kLeast = 10, kMost = 20015 - 10;  // km
+  constexpr double kFromMeridian = 0.1;              // degrees
   const auto isOffMeridian = [](double bearing) {
     const double fromSouth = std::fabs(bearing - 180);
     return fromSouth > kFromMeridian && fromSouth < 180 - kFromMeridian;

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
-#include "geo/grid_letters.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "workspace/commands/classify_input.h"
@@ -65,7 +63,7 @@ bool AreNearTie(double easting, double northing, double resolution) {
 
 // The bounds on the distances of a square, from that of the place in its centre.
 void ComputeDistanceBounds(double centre, AcceleratedSquare& square) {
-  constexpr double kRadius = 100;              // km, of any of the squares
+  constexpr double kRadius = 100;               // km, of any of the squares
   constexpr double kHalfCircumference = 20015;  // km; the exact antipode has a distance of 0
   square.farthest = centre + kRadius;
   square.nearest = square.farthest < kHalfCircumference ? centre - kRadius : 0;
@@ -86,8 +84,8 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
 }
 
 // Counts a record of a square without polynomials, and computes what is due. Rarely called.
-[[gnu::noinline]] void CountRecord(const HomeStation& home, AcceleratedSquare& square, const Rectangle& over,
-                 CoordinateForm form) {
+[[gnu::noinline]] void CountRecord(const HomeStation& home, AcceleratedSquare& square,
+                                   const Rectangle& over, CoordinateForm form) {
   if (++square.recordCount == 1)
     square.isOnGrid = form == CoordinateForm::EastingNorthing || IsWhollyOnGrid(over);
   if (square.recordCount < kRecordsBeforePolynomials || !square.isOnGrid) return;
@@ -107,7 +105,7 @@ const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_
   constexpr auto kSide = static_cast<int>(kSquareSide);
   int x = 0;
   int y = 0;
-  CornerOf(reference[0], reference[1], x, y);
+  SquareCorner(reference[0], reference[1], x, y);
   if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
   if (!std::all_of(reference.begin() + 2, reference.end(), IsDigit)) return nullptr;
   const int index = y / kSide * kGridColumns + x / kSide;
@@ -169,8 +167,8 @@ RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::s
     const ApproximatePlace place = PlaceAt(fast.home, *square->polynomials, form, x, y);
     if (AreNearLimit(fast.home, place.figures, fast.limits)) return RowOutcome::NeedsExactPath;
     if (IsWithin(fast.limits, place.figures)) {
-      if (AreNearTie(place.figures) || (isGrid ? IsNearCellEdge(place.y, place.x)
-                                               : AreNearTie(place.x, place.y, resolution)))
+      if (AreNearTie(place.figures) ||
+          (isGrid ? IsNearCellEdge(place.y, place.x) : AreNearTie(place.x, place.y, resolution)))
         return RowOutcome::NeedsExactPath;
       std::string reference;
       if (isGrid)

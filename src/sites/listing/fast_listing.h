@@ -18,7 +18,7 @@
 
 // A lettered square of the National Grid, or a square of 2 by 1 degrees.
 struct AcceleratedSquare {
-  int recordCount = 0;  // until there are enough for the polynomials
+  int recordCount = 0;    // until there are enough for the polynomials
   bool isOnGrid = false;  // every place of it; known from the first record on
   std::unique_ptr<LocalPolynomials> polynomials;
   double nearest = 0, farthest = 0;  // km, bounds on the distance of its places from home

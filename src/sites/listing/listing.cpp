@@ -108,7 +108,11 @@ void MakeList_Click(Workspace& w) {
   const bool written = WriteListing(w, path);
   CloseDatabase(w);
   if (!written || !w.platform.Shell("Notepad.exe " + path, WindowStyle::Normal))
-    w.platform.MsgBox("Path or filename error");
+    ReportListingError(w);
+}
+
+void ReportListingError(Workspace& w) {
+  w.platform.MsgBox("Path or filename error");
 }
 
 void LocSites_Click(Workspace& w) {

@@ -14,5 +14,8 @@ void MakeList_Click(Workspace& w);
 // The same with a largest distance of 20 km, which stays in MaxDistText.
 void LocSites_Click(Workspace& w);
 
+// Shows the message for a listing that cannot be written or shown: "Path or filename error".
+void ReportListingError(Workspace& w);
+
 // A click on the check box: empties ListFileName and closes the Results window.
 void ShowAll_Click(Workspace& w);

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/locator.h"
 #include "workspace/commands/classify_input.h"
 #include "workspace/values/number_text.h"

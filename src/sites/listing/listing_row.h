@@ -7,6 +7,7 @@
 #include "geo/dist_bear.h"
 #include "sites/database/site_line.h"
 #include "sites/database/text_search.h"
+#include "workspace/commands/classify_input.h"
 #include "workspace/record/workspace.h"
 
 inline constexpr std::size_t kRowLength = 132;  // characters
@@ -25,8 +26,8 @@ Limits LimitsOf(const MainWindow& main);
 struct SiteRecord {
   std::string_view line;  // name and position
   std::string_view name;
-  std::string position;   // upper case; without blanks if it is a reference
-  std::int16_t kind = 0;  // as ClassifyInput says; kSiteName for a line with the end marker
+  std::string position;        // upper case; without blanks if it is a reference
+  InputKind kind = kSiteName;  // as ClassifyInput says; kSiteName for a line with the end marker
 };
 
 // Reads a line that has been split into `record`. Line and name are views.

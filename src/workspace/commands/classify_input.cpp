@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr std::size_t kShortestPlace = 5;  // characters
+
 // The character at a position from 0; a NUL, which is neither letter nor digit, behind the end.
 char CharacterAt(std::string_view text, std::size_t position) {
   return position < text.size() ? text[position] : '\0';
@@ -21,9 +23,9 @@ bool IsDigitAt(std::string_view text, std::size_t position) {
 
 }  // namespace
 
-void ClassifyInput(std::string& text, std::int16_t& kind) {
+void ClassifyInput(std::string& text, InputKind& kind) {
   kind = kSiteName;
-  if (text.size() < 5) return;
+  if (text.size() < kShortestPlace) return;
   if (!IsLetterAt(text, 0)) {
     if (TextToNumber(std::string_view(text).substr(0, 4)) > 0) kind = kLatLong;
     return;

@@ -1,18 +1,21 @@
-// Tells the forms of a place apart.
+// Decides which kind of input a text is.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
-// What a text is. There is no kind 3.
-inline constexpr std::int16_t kSiteName = 0;
-inline constexpr std::int16_t kGridReference = 1;
-inline constexpr std::int16_t kLocator = 2;
-inline constexpr std::int16_t kLatLong = 4;
+// There is no kind 3.
+enum InputKind : std::int16_t {
+  kSiteName = 0,
+  kGridReference = 1,
+  kLocator = 2,
+  kLatLong = 4,
+};
 
-// Sorts a text by its first characters: a positive number opens a latitude and longitude, two
-// letters and two digits a locator or a grid reference, as two more letters or digits decide.
-// Lengths beyond that and the range of the letters are the decoders' business.
-// In, out  text  upper case; loses its blanks once its first four characters fit a reference.
+// Decides by the first six characters: a latitude and longitude starts with a positive number; two
+// letters and two digits start a grid reference if two digits follow, and a locator if two letters
+// follow. All other texts, and those under five characters, are names of sites. The decoders deal
+// with other lengths and with letters out of range.
+// In, out  text  upper case; loses its blanks if it starts with two letters and two digits
 // Out      kind
-void ClassifyInput(std::string& text, std::int16_t& kind);
+void ClassifyInput(std::string& text, InputKind& kind);

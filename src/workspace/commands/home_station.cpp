@@ -13,13 +13,13 @@ void SetHome_Click(Workspace& w) {
   pointing.visible = true;
   main.BaseLocLbl.caption =
       "Home Station:  " + w.sitename + " - " + main.LocText.text + "  " + main.NGRText.text;
-  for (TextBox* box : {&pointing.DistText, &pointing.BearText, &pointing.BackBearText})
+  for (TextBox* box :
+       {&pointing.DistText, &pointing.BearText, &pointing.BackBearText, &pointing.UncertText})
     box->visible = true;
-  for (Label* label : {&pointing.Label4, &pointing.Label5, &pointing.Label6}) label->visible = true;
-  w.BaseSet = kTrue;
-  pointing.UncertText.visible = true;
-  pointing.Label12.visible = true;
+  for (Label* label : {&pointing.Label4, &pointing.Label5, &pointing.Label6, &pointing.Label12})
+    label->visible = true;
   pointing.C.visible = true;
+  w.BaseSet = kTrue;
   main.LocSites.enabled = true;
   pointing.caption = main.BaseLocLbl.caption;
 }

@@ -1,9 +1,12 @@
-// The place from which distance and bearing are reckoned.
+// The home station: the place from which distance and bearing are computed.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
-// Makes the current place the home station: BaseLat, BaseLong, Baseresolution, BaseName, BaseSet
-// and the banner, in the main window and as the caption of the Pointing window, which it shows.
-// Works out no distance; the next Use This does.
+// Click on SetHome: makes the current place the home station and shows the Pointing window.
+// Computes no distance; the next Use This does. Reads   Lat, Lon (degrees), Resolution (km),
+// sitename, InputText, LocText, NGRText Writes  BaseLat, BaseLong (degrees), Baseresolution (km),
+// BaseName, BaseSet; the banner
+//         BaseLocLbl, which is also the caption of the Pointing window. GenList is enabled unless
+//         the main window has the listing layout.
 void SetHome_Click(Workspace& w);

@@ -1,16 +1,21 @@
-// Shows the current place in the fields of the main window and the Pointing window.
+// Shows the current place in the main window, and its distance and bearing in the Pointing window.
 #pragma once
 
+#include "workspace/commands/classify_input.h"
 #include "workspace/record/workspace.h"
 
-// Sets the background colours of LocText, NGRText and LLText.
-void SetBackgrounds(Workspace& w, Rgb loc, Rgb ngr, Rgb ll);
-
-// Writes LocText, NGRText and LLText from Lat and Lon, on the background that marks a latitude and
-// longitude, typed or stored, as the input.
-void ShowPlaceByLatLong(Workspace& w);
+// The background of a place that was entered as latitude and longitude.
 inline constexpr Rgb kLatLongBackground{180, 255, 200};
 
-// Writes Dist, Bearing and Backbearing into the fields of the Pointing window; zeros while they are
-// empty.
-void ShowDistanceAndBearing(Workspace& w);
+// Sets the background colours of LocText, NGRText and LLText, which mark the kind of input that the
+// place came from.
+void SetBackgrounds(Workspace& w, InputKind kind);
+
+// Writes LocText, NGRText and LLText from Lat and Lon (degrees), for a place that was entered as
+// latitude and longitude or restored from the settings.
+void ShowPlaceByLatLong(Workspace& w);
+
+// Writes Dist, Bearing, Backbearing and the uncertainties into DistText, BearText, BackBearText and
+// UncertText; values never computed show as 0. How UncertText is worded depends on the kind of
+// input.
+void ShowDistanceAndBearing(Workspace& w, InputKind kind);

@@ -1,8 +1,10 @@
 #include "workspace/commands/use_this.h"
 
+#include <string>
+#include <string_view>
+
 #include "geo/dist_bear.h"
-#include "geo/grid_decoder.h"
-#include "geo/grid_encoder.h"
+#include "geo/grid_reference.h"
 #include "geo/lat_long_display.h"
 #include "geo/lat_long_parser.h"
 #include "geo/locator.h"
@@ -12,78 +14,68 @@
 #include "sites/database/skip_lines.h"
 #include "workspace/commands/classify_input.h"
 #include "workspace/commands/place_display.h"
-#include "workspace/values/number_text.h"
 #include "workspace/values/strings.h"
 
 namespace {
 
-// The grounds of a typed reference and of a site.
-constexpr Rgb kYellow{255, 255, 90};
-constexpr Rgb kGridLLYellow{255, 250, 90};
-constexpr Rgb kSand{255, 240, 200};
+// Decodes a grid reference or a locator and shows it, the reference of the other kind calculated
+// from it in red, and the latitude and longitude.
+void DecodeReference(Workspace& w, const std::string& reference, InputKind kind) {
+  TextBox& loc = w.Tarnwick.LocText;
+  TextBox& ngr = w.Tarnwick.NGRText;
+  if (kind == kGridReference) {
+    ngr.text = reference;
+    DecodeNGR(w, reference, w.Lat, w.Lon);
+    GenLocator(w.Lat, w.Lon, loc.text);
+    loc.fore = kRed;
+  } else {
+    loc.text = reference;
+    DecodeLocator(w, reference, w.Lat, w.Lon);
+    GenNGR(w, w.Lat, w.Lon, ngr.text);
+    ngr.fore = kRed;
+  }
+  ShowLatLong(w);
+}
 
-// The uncertainty in the words of each path: distance first for a typed place.
-struct UncertaintyPictures {
-  const char* distance;
-  const char* bearing;
-};
-
-// The end of the typed paths. The figures are written without a home station too, unseen.
-void FinishTypedPlace(Workspace& w, const UncertaintyPictures& pictures) {
+// Uses a typed text that is a place by itself.
+void UsePlace(Workspace& w, std::string text, InputKind kind) {
+  if (kind == kLatLong) ParseLatLong(w, text);
+  w.Tarnwick.InputText.text = text;
+  w.BearingCalc.Ipt.text = text;
+  if (kind == kLatLong) {
+    ShowPlaceByLatLong(w);
+  } else {
+    SetBackgrounds(w, kind);
+    DecodeReference(w, text, kind);
+  }
   w.Tarnwick.SetHome.enabled = true;
-  if (IsTrue(w.BaseSet)) DistBear(w);
-  ShowDistanceAndBearing(w);
   w.sitename.clear();
-  w.BearingCalc.UncertText.text = FormatPicture(w.DistUncert, pictures.distance) +
-                                  FormatPicture(w.BearUncert, pictures.bearing);
+  if (IsTrue(w.BaseSet)) DistBear(w);
+  ShowDistanceAndBearing(w, kind);  // without a home station the fields are hidden
   if (IsTrue(w.BaseSet)) Draw(w);
 }
 
-// Decodes a reference already shown in NGRText; the locator follows from it, in red.
-void PlaceFromGridReference(Workspace& w, const std::string& ngr) {
-  DecodeNGR(w, ngr, w.Lat, w.Lon);
-  ShowLatLong(w);
-  std::string lc;
-  GenLocator(w.Lat, w.Lon, lc);
-  w.Tarnwick.LocText.fore = kRed;
-  w.Tarnwick.LocText.text = lc;
-}
-
-// Decodes a locator already shown in LocText; the reference follows from it, in red.
-void PlaceFromLocator(Workspace& w, const std::string& lc) {
-  DecodeLocator(w, lc, w.Lat, w.Lon);
-  ShowLatLong(w);
-  std::string ngr;
-  GenNGR(w, w.Lat, w.Lon, ngr);
-  w.Tarnwick.NGRText.fore = kRed;
-  w.Tarnwick.NGRText.text = ngr;
-}
-
-void UseGridReference(Workspace& w, const std::string& s) {
-  SetBackgrounds(w, kYellow, kYellow, kGridLLYellow);
-  w.Tarnwick.NGRText.text = s;
-  w.Tarnwick.InputText.text = s;
-  w.BearingCalc.Ipt.text = s;
-  PlaceFromGridReference(w, s);
-  FinishTypedPlace(w, {"0.000km ", "0.0 deg"});
-}
-
-void UseLocator(Workspace& w, const std::string& s) {
-  SetBackgrounds(w, kYellow, kYellow, kYellow);
-  w.Tarnwick.NGRText.text.clear();
-  w.Tarnwick.InputText.text = s;
-  w.BearingCalc.Ipt.text = s;
-  w.Tarnwick.LocText.text = s;
-  PlaceFromLocator(w, s);
-  FinishTypedPlace(w, {"0.000km ", "0.0deg"});
-}
-
-void UseLatLong(Workspace& w, std::string& s) {
-  ParseLatLong(w, s);
-  w.Tarnwick.InputText.text = s;
-  w.BearingCalc.Ipt.text = s;
-  ShowPlaceByLatLong(w);
-  FinishTypedPlace(w, {"0.00#km ", "0.0 deg"});
+// Uses the site `sitename` of the database with this position, upper case. A position that is no
+// reference shows "ERROR"; one that is a latitude and longitude changes no field. Both keep the old
+// place, and distance and bearing are computed for that.
+void UseSite(Workspace& w, std::string position) {
+  w.Tarnwick.InputText.text = w.sitename + Blanks(3) + position;
+  w.BearingCalc.Ipt.text = w.Tarnwick.InputText.text;
+  InputKind kind = kSiteName;
+  ClassifyInput(position, kind);
+  SetBackgrounds(w, kSiteName);
+  if (kind == kSiteName) {
+    w.Tarnwick.LocText.text = "ERROR";
+    w.Tarnwick.NGRText.text = "ERROR";
+    w.Tarnwick.LLText.text.clear();
+  } else if (kind != kLatLong) {
+    DecodeReference(w, position, kind);
+  }
+  w.Tarnwick.SetHome.enabled = true;
+  if (!IsTrue(w.BaseSet)) return;
+  DistBear(w);
+  ShowDistanceAndBearing(w, kSiteName);
+  Draw(w);
 }
 
 void ShowNotFound(Workspace& w) {
@@ -94,38 +86,8 @@ void ShowNotFound(Workspace& w) {
   w.Tarnwick.LLText.text.clear();
 }
 
-// A site of the database whose position is `q`, upper case. A position that is no reference shows
-// "ERROR", one that reads as latitude and longitude leaves the fields alone; both keep the place
-// before, and what follows from it is worked out all the same.
-void UseSite(Workspace& w, std::string q) {
-  w.Tarnwick.InputText.text = w.sitename + Blanks(3) + q;
-  w.BearingCalc.Ipt.text = w.Tarnwick.InputText.text;
-  std::int16_t kind = kSiteName;
-  ClassifyInput(q, kind);
-  SetBackgrounds(w, kSand, kSand, kSand);
-  if (kind == kSiteName) {
-    w.Tarnwick.LocText.text = "ERROR";
-    w.Tarnwick.NGRText.text = "ERROR";
-    w.Tarnwick.LLText.text.clear();
-  } else if (kind == kGridReference) {
-    w.Tarnwick.NGRText.text = q;
-    PlaceFromGridReference(w, q);
-  } else if (kind == kLocator) {
-    w.Tarnwick.NGRText.text.clear();
-    w.Tarnwick.LocText.text = q;
-    PlaceFromLocator(w, q);
-  }
-  w.Tarnwick.SetHome.enabled = true;
-  if (!IsTrue(w.BaseSet)) return;
-  DistBear(w);
-  ShowDistanceAndBearing(w);
-  w.BearingCalc.UncertText.text =
-      FormatPicture(w.BearUncert, "0.00#deg / ") + FormatPicture(w.DistUncert, "0.00km / ");
-  Draw(w);
-}
-
-// Uses the first line of the database that contains the text of InputText. Stores in sitename the
-// name of the last line read. The handle stays open unless the end of the file was reached or a
+// Uses the first line of the database that contains the text of InputText, and stores the name of
+// the last line read in sitename. The handle stays open unless the end of the file was reached or a
 // read failed.
 void FindSite(Workspace& w) {
   if (!OpenDatabase(w)) return;
@@ -152,18 +114,12 @@ void FindIt_Click(Workspace& w) {
   w.Tarnwick.SetHome.enabled = false;
   w.Tarnwick.LocText.fore = kBlack;
   w.Tarnwick.NGRText.fore = kBlack;
-  std::string s = UpperOf(w.Tarnwick.InputText.text);
-  if (s.empty()) return;
-  std::int16_t kind = kSiteName;
-  ClassifyInput(s, kind);
-  switch (kind) {
-    case kGridReference:
-      return UseGridReference(w, s);
-    case kLocator:
-      return UseLocator(w, s);
-    case kLatLong:
-      return UseLatLong(w, s);
-    default:
-      return FindSite(w);
-  }
+  std::string text = UpperOf(w.Tarnwick.InputText.text);
+  if (text.empty()) return;
+  InputKind kind = kSiteName;
+  ClassifyInput(text, kind);
+  if (kind == kSiteName)
+    FindSite(w);
+  else
+    UsePlace(w, text, kind);
 }

@@ -23,7 +23,7 @@ void HidePointing(Workspace& w) {
   w.BearingCalc.visible = false;
 }
 
-// Discards the list, unlike a command that closes the window, and records no position.
+// Unlike CloseResults, stores no position.
 void UnloadResults(Workspace& w) {
   w.ShowList = {};
 }
@@ -32,47 +32,26 @@ using enum UserAction;
 using enum WindowName;
 
 constexpr Event kEvents[] = {
-    {Tarnwick, "InputText", Click, InputText_Click, false, "Alt+I"},
-    {Tarnwick, "FindIt", Click, FindIt_Click, true},
-    {Tarnwick, "Lookup", Click, Lookup_Click, true},
-    {Tarnwick, "SetHome", Click, SetHome_Click},
-    {Tarnwick, "GenList", Click, GenList_Click},
-    {Tarnwick, "Gmap", Click, Gmap_Click},
-    {Tarnwick, "OSMap", Click, OSMap_Click},
-    {Tarnwick, "UseNMEA", Click, UseNMEA_Click},
-    {Tarnwick, "LocSites", Click, LocSites_Click, true},
-    {Tarnwick, "LLfmt", Click, LLfmt_Click},
-    {Tarnwick, "MakeList", Click, MakeList_Click, true},
-    {Tarnwick, "ShowAll", Click, ShowAll_Click},
+    {Tarnwick, NameOf(&MainWindow::InputText), Click, InputText_Click, false, "Alt+I"},
+    {Tarnwick, NameOf(&MainWindow::FindIt), Click, FindIt_Click, true},
+    {Tarnwick, NameOf(&MainWindow::Lookup), Click, Lookup_Click, true},
+    {Tarnwick, NameOf(&MainWindow::SetHome), Click, SetHome_Click},
+    {Tarnwick, NameOf(&MainWindow::GenList), Click, GenList_Click},
+    {Tarnwick, NameOf(&MainWindow::Gmap), Click, Gmap_Click},
+    {Tarnwick, NameOf(&MainWindow::OSMap), Click, OSMap_Click},
+    {Tarnwick, NameOf(&MainWindow::UseNMEA), Click, UseNMEA_Click},
+    {Tarnwick, NameOf(&MainWindow::LocSites), Click, LocSites_Click, true},
+    {Tarnwick, NameOf(&MainWindow::LLfmt), Click, LLfmt_Click},
+    {Tarnwick, NameOf(&MainWindow::MakeList), Click, MakeList_Click, true},
+    {Tarnwick, NameOf(&MainWindow::ShowAll), Click, ShowAll_Click},
     {Tarnwick, "", CloseFrame, Form_Unload},
     {BearingCalc, "", CloseFrame, HidePointing},
-    {ShowList, "PR", DoubleClick, ShowList::PR_DblClick, true},
-    {ShowList, "OK", Click, ShowList::OK_Click, true},
+    {ShowList, NameOf(&ResultsWindow::PR), DoubleClick, ShowList::PR_DblClick, true},
+    {ShowList, NameOf(&ResultsWindow::OK), Click, ShowList::OK_Click, true},
     {ShowList, "", CloseFrame, UnloadResults},
-    {SetUpCom, "Command1", Click, SetUpCom::Command1_Click},
+    {SetUpCom, NameOf(&SetUpWindow::Command1), Click, SetUpCom::Command1_Click},
     {SetUpCom, "", CloseFrame, SetUpCom::CloseFrame},
 };
-
-// Whether every row names a control of its window.
-constexpr bool NamesAreRight() {
-  for (const Event& event : kEvents) {
-    bool found = event.control.empty() == (event.action == CloseFrame) && event.control.empty();
-    const auto search = [&](WindowName window, const auto& controls) {
-      std::apply(
-          [&](const auto&... row) {
-            ((found |= window == event.window && event.control == row.name), ...);
-          },
-          controls);
-    };
-    search(Tarnwick, kMainWindowControls);
-    search(BearingCalc, kPointingWindowControls);
-    search(ShowList, kResultsWindowControls);
-    search(SetUpCom, kSetUpWindowControls);
-    if (!found) return false;
-  }
-  return true;
-}
-static_assert(NamesAreRight());
 
 }  // namespace
 

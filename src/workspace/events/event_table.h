@@ -1,9 +1,10 @@
-// Which action of the user runs which command. The real windows and the headless driver look all
-// commands up here.
+// The table of all user actions and the commands that they run. The real windows and the headless
+// driver look up every command here.
 #pragma once
 
 #include <string_view>
 
+#include "platform/platform.h"
 #include "workspace/record/workspace.h"
 
 // What a user does to a control, or to the frame of a window.
@@ -16,11 +17,11 @@ struct Event {
   UserAction action;
   void (*run)(Workspace& w);
   bool readsDatabase = false;  // may take long: front ends show a wait cursor
-  const char* key = nullptr;   // does the same as the action, such as "Alt+I"
+  const char* key = nullptr;   // key that does the same, such as "Alt+I"; null if there is none
 };
 
-// The row for an action on a control; null if that action runs no command.
+// Returns the row for an action on a control, or null if that action runs no command.
 const Event* FindEvent(WindowName window, std::string_view control, UserAction action);
 
-// The row for closing a window by its frame; every window has one.
+// Returns the row for closing a window by its frame; every window has one.
 const Event& CloseFrameEvent(WindowName window);

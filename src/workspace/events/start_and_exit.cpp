@@ -1,5 +1,7 @@
 #include "workspace/events/start_and_exit.h"
 
+#include <string>
+
 #include "gps/port_setup.h"
 #include "pointing/external_maps.h"
 #include "sites/database/line_reader.h"
@@ -10,24 +12,22 @@
 
 namespace {
 
-// Reads as no home station: a stored pair is one only if both values are below 500.
+// Default when nothing is stored. A pair with a value of 500 or more is no home station.
 constexpr const char* kNoHome = "999";
+constexpr double kHomeLimit = 500;
 
-// Shows the stored pair in Lat and Lon as a place and makes it the home station. No distance is
-// worked out: the figures show zeros until the first Use This.
+// Makes Lat and Lon, read from the settings, the home station and shows them. Distance and bearing
+// show zeros until the first Use This.
 void RestoreHome(Workspace& w) {
   MainWindow& main = w.Tarnwick;
-  PointingWindow& pointing = w.BearingCalc;
   w.BaseLat = w.Lat;
   w.BaseLong = w.Lon;
   main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
                         "  Long: " + FormatPicture(w.BaseLong, "####.###");
-  pointing.Ipt.text = main.InputText.text;
+  w.BearingCalc.Ipt.text = main.InputText.text;
   ShowPlaceByLatLong(w);
   main.SetHome.enabled = true;
-  ShowDistanceAndBearing(w);
-  pointing.UncertText.text =
-      FormatPicture(w.DistUncert, "0.00#km ") + FormatPicture(w.BearUncert, "0.0 deg");
+  ShowDistanceAndBearing(w, kLatLong);
   w.sitename.clear();
   SetHome_Click(w);
 }
@@ -45,7 +45,7 @@ void Form_Load(Workspace& w) {
   const std::string database = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
   w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", kNoHome));
   w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", kNoHome));
-  if (w.Lat < 500 && w.Lon < 500) RestoreHome(w);
+  if (w.Lat < kHomeLimit && w.Lon < kHomeLimit) RestoreHome(w);
 
   SetUpCom::Load(w);
   w.SetUpCom.CPort.text = port;

@@ -1,13 +1,13 @@
-// The start and the end of a run.
+// The start and the end of a run of the program.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
-// Brings workspace and windows to their first state: reads the stored settings, restores a stored
-// home station, loads the set-up window hidden, which probes the ports, places the windows, and
-// looks whether there are map images. A missing or damaged store gives the defaults.
+// Start: reads the stored settings, restores a stored home station, loads the set-up window hidden
+// (which tries the ports), places the windows (twips) and looks for map images. A missing setting
+// gets its default, a damaged one reads as far as it is a number.
 void Form_Load(Workspace& w);
 
-// Closes the serial port, stores the settings, the home station only if SaveOnExit is checked, and
-// unloads all windows. Nothing can refuse it.
+// Exit: closes the serial port, stores the settings (the home station only if SaveOnExit is
+// checked) and unloads all windows. Nothing can stop it.
 void Form_Unload(Workspace& w);

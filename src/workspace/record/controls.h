@@ -1,5 +1,4 @@
-// The controls of a window as plain data: caption or text, colours, tool tip and state. Setting a
-// field runs no command.
+// The controls of a window as plain data. Setting a field runs no command.
 #pragma once
 
 #include <cstdint>
@@ -15,23 +14,21 @@ struct Rgb {
   bool operator==(const Rgb&) const = default;
 };
 
-// The text colours of a position as the user gave it and of one that the program calculated.
-inline constexpr Rgb kBlack{0, 0, 0};
-inline constexpr Rgb kRed{255, 0, 0};
+inline constexpr Rgb kBlack{0, 0, 0};  // the text of a reference that was entered
+inline constexpr Rgb kRed{255, 0, 0};  // the text of a reference that was calculated
 
-// Without a value: the platform's default colour.
-using Colour = std::optional<Rgb>;
+using Colour = std::optional<Rgb>;  // no value: the default colour of the platform
 
-// A text of one line that the user can edit unless it is read-only.
+// A text of one line.
 struct TextBox {
   std::string text{};
-  Colour fore{};
-  Colour back{};
-  bool readOnly = false;
-  bool redIfCalculated = false;  // its text is red while the program calculated it
-  bool enabled = true;
+  Colour fore{};                 // colour of the text
+  Colour back{};                 // colour of the background
+  bool readOnly = false;         // the user can select and copy the text, but not edit it
+  bool redIfCalculated = false;  // the text is kRed while it is calculated, not entered
+  bool enabled = true;           // the user can use the control
   bool visible = true;
-  const char* tip = "";
+  const char* tip = "";  // tool tip; empty for none
   bool operator==(const TextBox&) const = default;
 };
 
@@ -40,7 +37,7 @@ struct TextArea : TextBox {
   bool operator==(const TextArea&) const = default;
 };
 
-// A caption.
+// A text that the user cannot edit or select.
 struct Label {
   std::string caption{};
   Colour fore{};
@@ -51,7 +48,7 @@ struct Label {
 
 // A push button.
 struct Button {
-  std::string caption{};  // & marks the letter of the access key
+  std::string caption{};  // & stands before the letter of the access key
   Colour back{};
   bool enabled = true;
   bool visible = true;
@@ -69,7 +66,7 @@ struct CheckBox {
   bool operator==(const CheckBox&) const = default;
 };
 
-// An editable text with a list of entries to choose from.
+// An editable text with a list of texts to choose from.
 struct ComboBox {
   std::string text{};
   std::vector<std::string> items{};
@@ -81,13 +78,13 @@ struct ComboBox {
 // A list of entries of which one can be selected.
 struct ListBox {
   ListEntries items{};
-  int index = -1;   // index of the selected entry, from 0; -1 if none
-  int columns = 1;  // filled down one column and then the next
+  int index = -1;   // the selected entry, from 0; -1 if none is
+  int columns = 1;  // entries fill one column from top to bottom, then the next
   bool visible = true;
   bool operator==(const ListBox&) const = default;
 };
 
-// An empty rectangle.
+// An empty rectangle with a border.
 struct Frame {
   bool visible = true;
   bool operator==(const Frame&) const = default;
@@ -100,14 +97,14 @@ struct DrawOperation {
   float x2 = 0, y2 = 0;  // end of a line
   float radius = 0;      // of a circle
   Rgb colour{};
-  std::string text{};  // printed with its top left corner at the point of the last PSet
+  std::string text{};  // of a Print; its top left corner is the point of the last PSet
   bool operator==(const DrawOperation&) const = default;
 };
 
-// A picture as the list of its drawing operations.
+// A picture, as the list of operations that draw it.
 struct PictureBox {
   Colour back{};
-  std::vector<DrawOperation> operations{};  // since the picture was last cleared
+  std::vector<DrawOperation> operations{};  // since the last Cls
   bool visible = true;
   bool operator==(const PictureBox&) const = default;
 };

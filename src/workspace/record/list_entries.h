@@ -1,5 +1,5 @@
-// Many short texts: a lookup may find a million. A string for each would take twice the memory and
-// a third more time, so they stand one behind another, in pages that stay where they are.
+// Append-only list of short texts, packed into pages: a lookup may find millions. A vector of
+// strings takes twice the memory and a third more time.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-// ListEntries in the order in which they were added.
+// The texts in the order in which they were added.
 class ListEntries {
  public:
   void Add(std::string_view text) {
@@ -19,7 +19,7 @@ class ListEntries {
     page.ends[size_++ % kPage] = static_cast<std::uint32_t>(page.texts.size());
   }
   std::size_t size() const { return size_; }
-  // Holds until the next is added; there must be such an entry.
+  // Requires i < size(). The view is valid until the next Add.
   std::string_view operator[](std::size_t i) const {
     const Page& page = pages_[i / kPage];
     const std::size_t start = i % kPage == 0 ? 0 : page.ends[i % kPage - 1];
@@ -28,11 +28,11 @@ class ListEntries {
   bool operator==(const ListEntries&) const = default;
 
  private:
-  static constexpr std::size_t kPage = 1024;
-  static constexpr std::size_t kUsualLength = 28;  // to which a lookup cuts them
+  static constexpr std::size_t kPage = 1024;       // texts in a page
+  static constexpr std::size_t kUsualLength = 28;  // a lookup cuts its entries to this
   struct Page {
-    std::string texts{};  // one behind another
-    std::array<std::uint32_t, kPage> ends{};
+    std::string texts{};                      // concatenated
+    std::array<std::uint32_t, kPage> ends{};  // where each text ends in `texts`
     bool operator==(const Page&) const = default;
   };
   std::deque<Page> pages_;

@@ -1,5 +1,5 @@
-// The one shared record of a run. Every command works on it and leaves in it what it does not
-// change: a failed decode leaves the old place, and the next command goes on with that.
+// The one record of a run, shared by all commands. A command leaves unchanged what it does not
+// write: after a failed decode the next command works with the old place.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,10 @@
 #include "workspace/record/window_state.h"
 #include "workspace/values/untyped_value.h"
 
-// The name under which settings are stored and messages are shown.
+// Title of message boxes, and the name under which settings are stored.
 inline constexpr const char* kProgramTitle = "Tarnwick";
 
-// The folder of the map images.
+// The folder of the map images, which are named by their 10 km square, such as TQ37.JPG.
 inline constexpr const char* kMapPath = "c:\\OS_Maps\\";
 
 struct Workspace {
@@ -23,31 +23,31 @@ struct Workspace {
 
   Platform& platform;
 
-  // The current place, degrees on WGS84, north and east positive.
-  double Lat = 0;  // by the decoders, start-up and each listed site
-  double Lon = 0;
+  // The current place. Written by the decoders, at the start, and for each record of a listing.
+  double Lat = 0;         // degrees on WGS84, north positive; 999 if never set
+  double Lon = 0;         // degrees on WGS84, east positive
+  double Resolution = 0;  // km, height of the cell that the reference names
 
-  // The home station. BaseSet stays True from the first one on.
-  double BaseLat = 0;   // degrees, by SetHome_Click
-  double BaseLong = 0;  // degrees
-  UntypedValue BaseSet = kFalse;
-  std::string BaseName;       // the text of InputText when it was set
-  double Resolution = 0;      // km, size of the cell the current input stands for, by the decoders
-  double Baseresolution = 0;  // km, Resolution when the home station was set
+  // The home station, written by SetHome_Click.
+  double BaseLat = 0;             // degrees
+  double BaseLong = 0;            // degrees
+  double Baseresolution = 0;      // km, Resolution at that time
+  std::string BaseName;           // text of InputText at that time
+  UntypedValue BaseSet = kFalse;  // there is a home station; stays True to the end of the run
 
-  // From the home station to the current place, by DistBear; empty before its first run.
+  // From the home station to the current place, written by DistBear; empty before its first run.
   UntypedValue Dist;         // km
   UntypedValue Bearing;      // degrees
   UntypedValue Backbearing;  // degrees
   UntypedValue BearUncert;   // degrees
   UntypedValue DistUncert;   // km
 
-  std::string sitename;            // name of the site last taken from the database
+  std::string sitename;            // name of the site last read from the database
   double LLFormat = 0;             // layout of LLText: 0 degrees, 1 minutes, 2 seconds
   std::int16_t RealTime = kFalse;  // real-time mode is on, or its port is being set up
-  bool FollowsReceiver = false;    // a port was opened for the mode; its device may be lost since
-  std::int32_t ListLeft = 0;       // twips, where the Results window was last closed
-  std::int32_t ListTop = 0;        // likewise
+  bool FollowsReceiver = false;    // a port was opened for real-time mode; it may be lost by now
+  std::int32_t ListLeft = 0;       // twips, position of the Results window when it was last closed
+  std::int32_t ListTop = 0;        // twips
   std::string MapPath = kMapPath;  // folder of the map images
 
   DatabaseHandle database;

@@ -8,16 +8,22 @@
 #include <QSerialPort>
 #include <cerrno>
 
+#include "platform/serial_settings.h"
+
 namespace {
 
-// Whether a running program has marked the device as its own in the old way, by a lock file that
-// holds its process number and nothing else. Qt would take the mark for a left-over of its own and
-// remove it.
-bool IsMarkedAsHeld(const QString& device) {
-  QFile mark("/var/lock/LCK.." + QFileInfo(device).fileName());
-  if (!mark.open(QIODevice::ReadOnly)) return false;
-  const pid_t holder = mark.readLine().trimmed().toInt();
-  return holder > 0 && mark.atEnd() && (kill(holder, 0) == 0 || errno == EPERM);
+// More waiting characters stay in the system's queue.
+constexpr qint64 kReadBufferSize = 128;
+
+constexpr int kPortsPerFamily = 8;
+
+// Whether a running program has locked the device by a lock file in the old way, which contains its
+// process number and nothing else. Qt would remove that file as one that a crash left behind.
+bool IsLockedByFile(const QString& device) {
+  QFile lock("/var/lock/LCK.." + QFileInfo(device).fileName());
+  if (!lock.open(QIODevice::ReadOnly)) return false;
+  const pid_t owner = lock.readLine().trimmed().toInt();
+  return owner > 0 && lock.atEnd() && (kill(owner, 0) == 0 || errno == EPERM);
 }
 
 }  // namespace
@@ -26,19 +32,34 @@ const char* const kDeviceFolder = "/dev";
 
 QString DeviceOf(int port, const QString& folder) {
   static constexpr const char* kFamilies[] = {"ttyS", "ttyUSB", "ttyACM", "rfcomm"};
-  if (port < 1 || port > 32) return {};
-  return QString("%1/%2%3").arg(folder, kFamilies[(port - 1) / 8]).arg((port - 1) % 8);
+  static constexpr struct {
+    int port;
+    const char* name;
+  } kBoardPorts[] = {{7, "ttyAMA0"}, {8, "serial0"}};
+  if (port < 1 || port > kHighestPort) return {};
+  const int index = port - 1;
+  const QString device = QString("%1/%2%3")
+                             .arg(folder, kFamilies[index / kPortsPerFamily])
+                             .arg(index % kPortsPerFamily);
+  for (const auto& board : kBoardPorts) {
+    const QString boardDevice = folder + "/" + board.name;
+    if (board.port == port && !QFileInfo::exists(device) && QFileInfo::exists(boardDevice))
+      return boardDevice;
+  }
+  return device;
 }
 
-struct SerialLine::System {
+struct SerialDevice::System {
   QSerialPort port;
 };
 
-// A device that vanished or hung up would report its error without end. Signals that a device does
-// not have, as on a pseudo terminal, are no reason to close.
-SerialLine::SerialLine(const std::function<void()>& arrived) : system_(std::make_unique<System>()) {
+SerialDevice::SerialDevice(const std::function<void()>& onData)
+    : system_(std::make_unique<System>()) {
   QSerialPort& port = system_->port;
-  QObject::connect(&port, &QSerialPort::readyRead, &port, arrived);
+  port.setReadBufferSize(kReadBufferSize);
+  QObject::connect(&port, &QSerialPort::readyRead, &port, onData);
+  // A device that was unplugged or hung up would report its error without end. Other errors, such
+  // as control lines that a pseudo terminal lacks, do not close the port.
   QObject::connect(&port, &QSerialPort::errorOccurred, &port,
                    [this](QSerialPort::SerialPortError error) {
                      if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError)
@@ -46,11 +67,11 @@ SerialLine::SerialLine(const std::function<void()>& arrived) : system_(std::make
                    });
 }
 
-SerialLine::~SerialLine() = default;
+SerialDevice::~SerialDevice() = default;
 
-bool SerialLine::Open(const QString& device, int speed) {
+bool SerialDevice::Open(const QString& device, int speed) {
   QSerialPort& port = system_->port;
-  if (!QFileInfo::exists(device) || IsMarkedAsHeld(device)) return false;
+  if (!QFileInfo::exists(device) || IsLockedByFile(device)) return false;
   port.setPortName(device);
   if (!port.setBaudRate(speed) || !port.open(QIODevice::ReadOnly)) return false;
   if (flock(port.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
@@ -61,22 +82,20 @@ bool SerialLine::Open(const QString& device, int speed) {
   return true;
 }
 
-void SerialLine::Close() {
+void SerialDevice::Close() {
   if (IsOpen()) system_->port.close();
 }
 
-bool SerialLine::IsOpen() const {
+bool SerialDevice::IsOpen() const {
   return system_->port.isOpen();
 }
 
-void SerialLine::SetBufferSize(int characters) {
-  system_->port.setReadBufferSize(characters);
-}
-
-int SerialLine::Waiting() {
-  return static_cast<int>(system_->port.bytesAvailable());
-}
-
-std::string SerialLine::Read() {
+std::string SerialDevice::Read() {
   return system_->port.readAll().toStdString();
+}
+
+void SerialDevice::Discard() {
+  if (!IsOpen()) return;
+  system_->port.readAll();  // makes a port report again whose read buffer was full
+  system_->port.clear(QSerialPort::Input);
 }

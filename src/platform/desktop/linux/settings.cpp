@@ -9,7 +9,8 @@
 
 namespace {
 
-// The name under which a setting stands in the file, whose names tell case apart.
+// The name of a setting in the file. QSettings compares the names of a file with case; the settings
+// of the program compare without.
 QString NameOf(const QSettings& settings, const std::string& section, const std::string& key) {
   QString wanted = ToQt(section + "/" + key);
   for (const QString& name : settings.allKeys())
@@ -28,7 +29,7 @@ std::string SettingsStore::Read(const std::string& section, const std::string& k
                                 const std::string& otherwise) const {
   const QVariant value = settings.value(NameOf(settings, section, key));
   if (!value.isValid()) return otherwise;
-  // A text with a comma that someone wrote by hand reads as a list.
+  // QSettings reads a text with a comma as a list if a user has written it without quotes.
   return FromQt(value.toStringList().join(", "));
 }
 
@@ -38,8 +39,8 @@ void SettingsStore::Store(const std::string& section, const std::string& key,
 }
 
 void SettingsStore::Flush() {
-  // A copy that was killed as it took its lock leaves it empty, and QSettings would wait for half a
-  // minute. A copy that runs writes into its lock at once.
+  // A copy of the program that was killed while it created its lock file leaves an empty one, for
+  // which QSettings would wait half a minute. A running copy writes into its lock file at once.
   const QFileInfo lock(settings.fileName() + ".lock");
   if (lock.exists() && lock.size() == 0 &&
       lock.lastModified().secsTo(QDateTime::currentDateTime()) > 1)

@@ -5,16 +5,29 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
+#include <cerrno>
 #include <csignal>
 
 namespace {
 
 int pipeEnds[2] = {-1, -1};
 
-// In a signal handler little more than a write is allowed.
-void Tell(int /*signal*/) {
+// Wakes the event loop. Few calls are allowed in a signal handler; write is one.
+void OnSignal(int /*signal*/) {
+  const int errorOfInterruptedCode = errno;
   const char mark = 0;
   [[maybe_unused]] const ssize_t written = write(pipeEnds[1], &mark, 1);
+  errno = errorOfInterruptedCode;
+}
+
+// SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
+void InstallHandler(int signal) {
+  struct sigaction action {};
+  action.sa_handler = OnSignal;
+  action.sa_flags = SA_RESTART;
+  if (signal == SIGINT) action.sa_flags |= static_cast<int>(SA_RESETHAND);
+  sigemptyset(&action.sa_mask);
+  sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
@@ -27,5 +40,5 @@ void OnTermination(const std::function<void()>& end) {
     notifier->setEnabled(false);
     end();
   });
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, Tell);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) InstallHandler(signal);
 }

@@ -4,7 +4,8 @@
 
 #include "platform/desktop/qt_text.h"
 
-bool StartProgram(const std::string& command, WindowStyle style) {
+bool StartProgram(const std::string& command, WindowStyle style,
+                  const std::function<void()>& /*onFailure*/) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESHOWWINDOW;

@@ -3,16 +3,15 @@
 #include <windows.h>
 
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
 
 namespace {
 
-// The line is looked at this often while it is open. A wait for the next character would be told
-// sooner, but drivers of devices that were pulled out let it wait for ever.
-constexpr std::chrono::milliseconds kBetweenLooks(20);
+// How often an open port is polled. Waiting for the next character would be quicker, but the
+// drivers of unplugged devices make such a wait endless.
+constexpr std::chrono::milliseconds kPollInterval(20);
 
-// What the system keeps while nobody reads: a minute of a receiver at 9600.
+// Bytes that the system keeps for the program: a minute of a receiver at 9600 baud.
 constexpr DWORD kQueueSize = 65536;
 
 bool SetUp(HANDLE port, int speed) {
@@ -27,13 +26,13 @@ bool SetUp(HANDLE port, int speed) {
   line.fParity = line.fNull = line.fErrorChar = line.fAbortOnError = FALSE;
   line.fOutxCtsFlow = line.fOutxDsrFlow = line.fDsrSensitivity = FALSE;
   line.fOutX = line.fInX = FALSE;
-  // Some receivers live on these two.
+  // Some receivers take their power from these two.
   line.fDtrControl = DTR_CONTROL_ENABLE;
   line.fRtsControl = RTS_CONTROL_ENABLE;
-  COMMTIMEOUTS whatIsThere{};
-  whatIsThere.ReadIntervalTimeout = MAXDWORD;
+  COMMTIMEOUTS returnAtOnce{};
+  returnAtOnce.ReadIntervalTimeout = MAXDWORD;
   return SetupComm(port, kQueueSize, 0) && SetCommState(port, &line) &&
-         SetCommTimeouts(port, &whatIsThere) && PurgeComm(port, PURGE_RXABORT | PURGE_RXCLEAR);
+         SetCommTimeouts(port, &returnAtOnce) && PurgeComm(port, PURGE_RXABORT | PURGE_RXCLEAR);
 }
 
 }  // namespace
@@ -41,26 +40,26 @@ bool SetUp(HANDLE port, int speed) {
 const char* const kDeviceFolder = R"(\\.)";
 
 QString DeviceOf(int port, const QString& folder) {
-  if (port < 1 || port > 32) return {};
+  if (port < 1) return {};
   return QString(R"(%1\COM%2)").arg(folder).arg(port);
 }
 
-struct SerialLine::System {
+struct SerialDevice::System {
   HANDLE port = INVALID_HANDLE_VALUE;
-  DWORD bufferSize = 128;
-  QTimer look;
+  QTimer poll;
 };
 
-SerialLine::SerialLine(const std::function<void()>& arrived) : system_(std::make_unique<System>()) {
-  system_->look.setInterval(kBetweenLooks);
-  QObject::connect(&system_->look, &QTimer::timeout, arrived);
+SerialDevice::SerialDevice(const std::function<void()>& onData)
+    : system_(std::make_unique<System>()) {
+  system_->poll.setInterval(kPollInterval);
+  QObject::connect(&system_->poll, &QTimer::timeout, onData);
 }
 
-SerialLine::~SerialLine() {
+SerialDevice::~SerialDevice() {
   Close();
 }
 
-bool SerialLine::Open(const QString& device, int speed) {
+bool SerialDevice::Open(const QString& device, int speed) {
   system_->port = CreateFileW(device.toStdWString().c_str(), GENERIC_READ, 0, nullptr,
                               OPEN_EXISTING, 0, nullptr);
   if (!IsOpen()) return false;
@@ -68,38 +67,37 @@ bool SerialLine::Open(const QString& device, int speed) {
     Close();
     return false;
   }
-  system_->look.start();
+  system_->poll.start();
   return true;
 }
 
-void SerialLine::Close() {
-  system_->look.stop();
+void SerialDevice::Close() {
+  system_->poll.stop();
   if (IsOpen()) CloseHandle(system_->port);
   system_->port = INVALID_HANDLE_VALUE;
 }
 
-bool SerialLine::IsOpen() const {
+bool SerialDevice::IsOpen() const {
   return system_->port != INVALID_HANDLE_VALUE;
 }
 
-void SerialLine::SetBufferSize(int characters) {
-  system_->bufferSize = static_cast<DWORD>(characters);
-}
-
-int SerialLine::Waiting() {
-  if (!IsOpen()) return 0;
+std::string SerialDevice::Read() {
+  if (!IsOpen()) return {};
   DWORD errors = 0;
   COMSTAT line{};
-  if (!ClearCommError(system_->port, &errors, &line)) Close();
-  return static_cast<int>(std::min(line.cbInQue, system_->bufferSize));
+  if (!ClearCommError(system_->port, &errors, &line)) {
+    Close();
+    return {};
+  }
+  std::string text(line.cbInQue, '\0');
+  DWORD count = 0;
+  if (!text.empty() &&
+      !ReadFile(system_->port, text.data(), static_cast<DWORD>(text.size()), &count, nullptr))
+    Close();
+  text.resize(count);
+  return text;
 }
 
-std::string SerialLine::Read() {
-  std::string text(static_cast<std::size_t>(Waiting()), '\0');
-  DWORD taken = 0;
-  if (!text.empty() &&
-      !ReadFile(system_->port, text.data(), static_cast<DWORD>(text.size()), &taken, nullptr))
-    Close();
-  text.resize(taken);
-  return text;
+void SerialDevice::Discard() {
+  if (IsOpen() && !PurgeComm(system_->port, PURGE_RXCLEAR)) Close();
 }

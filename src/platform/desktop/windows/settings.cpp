@@ -5,7 +5,7 @@
 
 namespace {
 
-// The registry's names make no difference of case.
+// The registry itself compares names without case.
 QString NameOf(const std::string& section, const std::string& key) {
   return ToQt(section + "/" + key);
 }

@@ -7,10 +7,10 @@
 
 namespace {
 
-// The message comes to each window, once all programs have agreed to the end; after the last
-// answer the process may be gone.
+// Windows sends the message to each window of the program, once all programs have agreed to the end
+// of the session, and may end the process after the last answer.
 struct EndOfSession : QAbstractNativeEventFilter {
-  explicit EndOfSession(std::function<void()> whatToDo) : end(std::move(whatToDo)) {}
+  explicit EndOfSession(std::function<void()> onEnd) : end(std::move(onEnd)) {}
 
   bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override {
     const MSG& arrived = *static_cast<const MSG*>(message);

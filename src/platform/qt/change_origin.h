@@ -1,0 +1,31 @@
+// Whose doing a change of a window's position or size is.
+#pragma once
+
+// Separates the user's changes of a position or size from the program's. The window system reports
+// each change. Its first report after a request of the program is the answer, with the value
+// requested or with one that the window manager chose. Any later report of another value is a
+// change by the user.
+template <class Value>
+class ChangeOrigin {
+ public:
+  // The program asked for a value, or the window manager is about to choose one.
+  void Request(const Value& value) {
+    requested_ = value;
+    answerIsDue_ = true;
+  }
+  // No answer is due any more.
+  void EndRequest() { answerIsDue_ = false; }
+  // Takes a reported value. Returns whether the user chose it.
+  bool IsUsers(const Value& value) {
+    const bool isUsers = !answerIsDue_ && value != requested_ && value != answered_;
+    answerIsDue_ = false;
+    answered_ = value;
+    if (isUsers) requested_ = value;
+    return isUsers;
+  }
+
+ private:
+  Value requested_{};
+  Value answered_{};
+  bool answerIsDue_ = false;
+};

@@ -1,0 +1,32 @@
+#include "platform/qt/command_runner.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+bool CommandRunner::Run(const std::function<void(Workspace&)>& command) {
+  if (busy_) return false;
+  {
+    const QScopedValueRollback<bool> busy(busy_, true);
+    command(w);
+  }
+  Refresh();
+  if (onIdle) onIdle();
+  return true;
+}
+
+bool CommandRunner::Run(const Event& event) {
+  if (!event.readsDatabase) return Run(event.run);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+  return Run(event.run);
+}
+
+void CommandRunner::Refresh() {
+  for (std::size_t i = 0; i < refreshers_.size(); ++i)
+    if (refreshers_[i].first) refreshers_[i].second();
+}
+
+void CommandRunner::AddRefresher(QObject* owner, std::function<void()> refresh) {
+  refreshers_.emplace_back(owner, std::move(refresh));
+}

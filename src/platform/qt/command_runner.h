@@ -1,0 +1,35 @@
+// Runs the user's commands on the record, one at a time, and then brings the windows up to date.
+#pragma once
+
+#include <QPointer>
+#include <deque>
+#include <functional>
+#include <utility>
+
+#include "workspace/events/event_table.h"
+
+// One for the whole program.
+class CommandRunner {
+ public:
+  explicit CommandRunner(Workspace& record) : w(record) {}
+
+  Workspace& w;
+
+  // Runs a command, then refreshes the windows and calls onIdle. Returns false, and does nothing,
+  // while another command runs, such as one that waits under a message box.
+  bool Run(const std::function<void(Workspace&)>& command);
+  // Runs the command of a user action, with a wait cursor if it reads the database.
+  bool Run(const Event& event);
+  bool IsBusy() const { return busy_; }
+  std::function<void()> onIdle;
+
+  // Makes the windows show the record.
+  void Refresh();
+  // Calls `refresh` on every Refresh as long as `owner` exists, from the one under way on.
+  void AddRefresher(QObject* owner, std::function<void()> refresh);
+
+ private:
+  // A deque, because a refresh may make a window, whose refreshers join while others run.
+  std::deque<std::pair<QPointer<QObject>, std::function<void()>>> refreshers_;
+  bool busy_ = false;
+};
