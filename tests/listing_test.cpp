@@ -293,7 +293,8 @@ Record RandomRecord(const Square& square, std::mt19937& random) {
 
 std::string FillersOf(const Square& square, std::mt19937& random) {
   std::string records;
-  for (int i = 0; i < 20; ++i) records += "Filler~" + RandomRecord(square, random).position + "\r\n";
+  for (int i = 0; i < 20; ++i)
+    records += "Filler~" + RandomRecord(square, random).position + "\r\n";
   return records;
 }
 

@@ -80,9 +80,9 @@ std::string ByFifteenDigits(double number, const Picture& picture) {
 
 // Numbers of every size, ties and their neighbours, under pictures of every kind.
 TEST(FormatPicture, EqualsRoundingOfTheFifteenDigits) {
-  const char* const pictures[] = {"####0.0",   "(####0.0)", "###m",   "##0.000000", "0.00#deg / ",
-                                  "####.###",  "00'",       "######", "0.0000000",  "00000.##",
-                                  "no places", "."};
+  const char* const pictures[] = {"####0.0",     "(####0.0)", "###m",      "##0.000000",
+                                  "0.00#deg / ", "####.###",  "00'",       "######",
+                                  "0.0000000",   "00000.##",  "no places", "."};
   std::mt19937_64 random(1);
   const int rounds = std::getenv("TARNWICK_DEEP") != nullptr ? 3'000'000 : 100'000;
   for (int round = 0; round < rounds; ++round) {
@@ -90,7 +90,8 @@ TEST(FormatPicture, EqualsRoundingOfTheFifteenDigits) {
     if (round % 4 == 1) number = static_cast<double>(random() % 100'000'000) / 977;
     if (round % 4 == 2) number = static_cast<double>(random() % 1'000'000) / 2000;  // half of ties
     if (round % 4 == 3)
-      number = std::ldexp(static_cast<double>(random() % 4096), static_cast<int>(random() % 90) - 50);
+      number =
+          std::ldexp(static_cast<double>(random() % 4096), static_cast<int>(random() % 90) - 50);
     if (!std::isfinite(number)) continue;
     if (round % 3 == 0) number = std::nextafter(number, random() % 2 == 0 ? kInfinity : -kInfinity);
     if (round % 5 == 0) number = -number;
