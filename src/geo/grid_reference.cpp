@@ -17,7 +17,7 @@ int LetterIndex(char letter) {
 
 // The letter with this index in the grid alphabet.
 char LetterAt(int index) {
-  return CharFromCode(index < 'I' - 'A' ? 'A' + index : 'B' + index);
+  return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
 // Size in metres of one unit of the last of so many digits; 0 above 5 digits.

@@ -40,11 +40,11 @@ void WriteAxisByStep(double axis, char* at) {
   const int extended = FloorToInt16(inSubsquare * 240);
   const double inExtended = inSubsquare - extended / 240.0;
   const int finest = FloorToInt16(inExtended * kCells);
-  at[0] = CharFromCode('A' + field);
-  at[2] = CharFromCode('0' + square);
-  at[4] = CharFromCode('A' + subsquare);
-  at[6] = CharFromCode('0' + extended);
-  at[8] = CharFromCode('A' + finest);
+  at[0] = CharOf('A' + field);
+  at[2] = CharOf('0' + square);
+  at[4] = CharOf('A' + subsquare);
+  at[6] = CharOf('0' + extended);
+  at[8] = CharOf('A' + finest);
 }
 
 // Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
