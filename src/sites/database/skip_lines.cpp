@@ -78,7 +78,7 @@ std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
 std::uint64_t ReturnsWithoutTilde(const char* at, bool& noTildeYet) {
   const std::uint64_t returns = MatchMask64(at, kReturn);
   const std::uint64_t others = ~MatchMask64(at, kTilde);
-  const std::uint64_t starts = returns << 1 | std::uint64_t{noTildeYet};
+  const std::uint64_t starts = returns << 1 | (noTildeYet ? 1U : 0U);
   const std::uint64_t sum = others + starts;
   const std::uint64_t carried = sum ^ others ^ starts;
   noTildeYet = returns >> (kBlock - 1) != 0 || sum < others;
@@ -126,7 +126,7 @@ void CaptureLastSiteName(const DatabaseHandle& database, const char* start, std:
     const char* end = start - 1;
     start = LineStart(from, end);
     const bool lineFeed = (start != from || database.skipLineFeed) && *start == '\n';
-    const std::string_view line(start + lineFeed, end);
+    const std::string_view line(lineFeed ? start + 1 : start, end);
     if (line.size() > kLongestLine) continue;
     sitename = SplitSiteLine(line).name;
     return;

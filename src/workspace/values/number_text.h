@@ -25,7 +25,8 @@ constexpr Picture PictureOf(std::string_view text) {
   Picture picture;
   std::size_t at = std::min(text.find_first_of("0#."), text.size());
   picture.head = text.substr(0, at);
-  for (; at < text.size() && isPlace(text[at]); ++at) picture.wholeZeros += text[at] == '0';
+  for (; at < text.size() && isPlace(text[at]); ++at)
+    if (text[at] == '0') ++picture.wholeZeros;
   if (at < text.size() && text[at] == '.') {
     picture.point = true;
     for (++at; at < text.size() && isPlace(text[at]); ++at) {

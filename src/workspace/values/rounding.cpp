@@ -6,5 +6,5 @@ float ToSingle(double number) {
 }
 
 int SignOf(double number) {
-  return (number > 0) - (number < 0);
+  return number > 0 ? 1 : number < 0 ? -1 : 0;
 }
