@@ -66,27 +66,27 @@ std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places)
   const auto whole = static_cast<std::int32_t>(scaled);
   const double fraction = scaled - whole;
   if (std::fabs(fraction - 0.5) <= scaled * kMargin) return {};
-  return static_cast<std::uint32_t>(fraction > 0.5 ? whole + 1 : whole);
-}
-
-std::size_t DigitCount(std::uint32_t number) {
-  static constexpr std::uint32_t kPowersOfTen[] = {
-      1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
-  std::size_t count = 0;
-  while (count < std::size(kPowersOfTen) && number >= kPowersOfTen[count]) ++count;
-  return count;
+  return static_cast<std::uint32_t>(whole + static_cast<int>(fraction > 0.5));
 }
 
 // Two sources of digits, the last one first, with zeros in front of them: a number and a text.
+// PlacesFrom returns the number of digits, but at least `least`.
 struct NumberDigits {
   std::uint32_t number;
-  std::size_t Count() const { return DigitCount(number); }
+  bool IsZero() const { return number == 0; }
+  std::size_t PlacesFrom(std::size_t least) const {
+    static constexpr std::uint32_t kPowersOfTen[] = {
+        1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
+    while (least < std::size(kPowersOfTen) && number >= kPowersOfTen[least]) ++least;
+    return least;
+  }
   char Last() const { return static_cast<char>('0' + number % 10); }
   void DropLast() { number /= 10; }
 };
 struct TextDigits {
   std::string_view text;
-  std::size_t Count() const { return text.size(); }
+  bool IsZero() const { return text.empty(); }
+  std::size_t PlacesFrom(std::size_t least) const { return std::max(text.size(), least); }
   char Last() const { return text.empty() ? '0' : text.back(); }
   void DropLast() { text.remove_suffix(text.empty() ? 0 : 1); }
 };
@@ -95,10 +95,9 @@ struct TextDigits {
 template <class Digits>
 void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
                const Picture& picture) {
-  const std::size_t count = digits.Count();
-  minus = minus && count > 0;
+  minus = minus && !digits.IsZero();
   std::size_t places = picture.fractionPlaces;
-  const std::size_t wholePlaces = std::max(count, places + picture.wholeZeros) - places;
+  const std::size_t wholePlaces = digits.PlacesFrom(picture.wholeZeros + places) - places;
   for (; places > picture.fractionZeros && digits.Last() == '0'; --places) digits.DropLast();
   const std::size_t numberLength = wholePlaces + (picture.point ? 1 : 0) + places;
   const std::size_t length =
