@@ -1,5 +1,6 @@
 #include "geo/dist_bear.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "geo/angles.h"
@@ -11,11 +12,6 @@ namespace {
 constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
 constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
 constexpr double kOneMetre = 0.001;     // km
-
-// Brings a cosine that rounding pushed beyond -1 or 1 back to it.
-double ClampedCosine(double cosine) {
-  return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
-}
 
 }  // namespace
 
@@ -39,8 +35,11 @@ void DistBear(Workspace& w) {
     w.BearUncert = 0;
     return;
   }
-  const double b1 = ClampedCosine((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)));
-  const double b2 = ClampedCosine((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)));
+  // Rounding pushes a cosine beyond -1 or 1.
+  const double b1 =
+      std::clamp((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)), -1.0, 1.0);
+  const double b2 =
+      std::clamp((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)), -1.0, 1.0);
   w.Bearing = ACS(b1) * kDegreesPerRadian;
   w.Backbearing = ACS(b2) * kDegreesPerRadian;
   if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;

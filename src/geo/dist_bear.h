@@ -15,9 +15,7 @@ double ACS(double x);
 // Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees, bearings 0 to 360)
 // - Below one metre Bearing, Backbearing and both uncertainties are 0.
 // - At exact antipodes rounding decides: four of five pairs count as the same place (all results
-// 0),
-//   the others have the distance 20,015.998 km.
+//   0), the others have the distance 20,015.998 km.
 // - Only the longitudes as numbers decide between east and west, so a path across the 180th
-// meridian
-//   gets the mirrored bearings.
+//   meridian gets the mirrored bearings.
 void DistBear(Workspace& w);

@@ -10,20 +10,13 @@
 
 namespace {
 
-// Index of a letter in the grid alphabet, from 0.
+// Index of a letter in the grid alphabet, from 0, and back.
 int LetterIndex(char letter) {
   const int index = static_cast<unsigned char>(letter) - 'A';
   return index > 'I' - 'A' ? index - 1 : index;
 }
-
-// The letter with this index in the grid alphabet.
 std::string LetterAt(int index) {
   return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
-}
-
-// Size in metres of one unit of the last of so many digits; 0 above 5 digits.
-int UnitOf(int digits) {
-  return RoundToInt16(std::pow(10.0, 5 - digits));
 }
 
 // One axis of a reference.
@@ -82,7 +75,7 @@ void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
   const int digitsPerHalf = RoundToInt16(half);
   const double north = TextToNumber(MidOf(digits, digitsPerHalf + 1, digitsPerHalf));
   const double east = TextToNumber(MidOf(digits, 1, digitsPerHalf));
-  const int unit = UnitOf(digitsPerHalf);
+  const int unit = RoundToInt16(std::pow(10.0, 5 - digitsPerHalf));  // m; 0 above 5 digits
 
   int squareEasting = 0;
   int squareNorthing = 0;
