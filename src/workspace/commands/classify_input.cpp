@@ -5,30 +5,22 @@
 
 namespace {
 
-constexpr int kShortestPlace = 5;  // characters
-
-bool IsLetterAt(const std::string& text, int position) {
-  const int code = CodeOf(MidOf(text, position, 1));
-  return code >= 'A' && code <= 'Z';
-}
-
-bool IsDigitAt(const std::string& text, int position) {
-  const std::string character = MidOf(text, position, 1);
-  return !character.empty() && IsDigit(character[0]);
+bool IsLetter(char c) {
+  return c >= 'A' && c <= 'Z';
 }
 
 }  // namespace
 
 void ClassifyInput(std::string& text, InputKind& kind) {
   kind = kSiteName;
-  if (LengthOf(text) < kShortestPlace) return;
+  if (text.size() < 5) return;
   if (TextToNumber(LeftOf(text, 4)) > 0) {
     kind = kLatLong;
     return;
   }
-  if (!IsLetterAt(text, 1) || !IsLetterAt(text, 2)) return;
-  if (!IsDigitAt(text, 3) || !IsDigitAt(text, 4)) return;
+  if (!IsLetter(text[0]) || !IsLetter(text[1]) || !IsDigit(text[2]) || !IsDigit(text[3])) return;
   std::erase(text, ' ');
-  if (IsDigitAt(text, 5) && IsDigitAt(text, 6)) kind = kGridReference;
-  if (IsLetterAt(text, 5) && IsLetterAt(text, 6)) kind = kLocator;
+  if (text.size() < 6) return;
+  if (IsDigit(text[4]) && IsDigit(text[5])) kind = kGridReference;
+  if (IsLetter(text[4]) && IsLetter(text[5])) kind = kLocator;
 }
