@@ -61,7 +61,8 @@ void GenLocator(double Lat, double Lon, std::string& lc) {
   lc.clear();
   for (std::size_t i = 0; i < lat.size(); ++i) {
     const char first = "A0A0A"[i];
-    lc += CharOf(first + lon[i]) + CharOf(first + lat[i]);
+    lc += CharOf(first + lon[i]);
+    lc += CharOf(first + lat[i]);
   }
 }
 

@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kAF0 = 6375020.480988971;  // semi-major and semi-minor axis of Airy 1830, m, times
 constexpr double kBF0 = 6353722.490487913;  // the scale 0.9996012717 of the central meridian
-constexpr double kN = (kAF0 - kBF0) / (kAF0 + kBF0);                       // third flattening
 constexpr double kESquared = (kAF0 * kAF0 - kBF0 * kBF0) / (kAF0 * kAF0);  // eccentricity, squared
 
 // The true origin, degrees, and its easting and northing, m.
@@ -37,7 +36,7 @@ Curvature CurvatureAt(double phi) {
 
 // Length of the central meridian, m, from the true origin to latitude phi, radians.
 double MeridionalArc(double phi) {
-  constexpr double n = kN;
+  constexpr double n = (kAF0 - kBF0) / (kAF0 + kBF0);  // third flattening
   constexpr double n2 = n * n;
   constexpr double n3 = n * n * n;
   constexpr double phi0 = kOriginLat / kDegreesPerRadian;

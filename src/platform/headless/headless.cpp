@@ -105,8 +105,7 @@ std::unique_ptr<File> HeadlessPlatform::OpenToRead(const std::string& path) {
     file = OpenStdioToRead(NativePath(driveC, path));
   else if (files->count(path) != 0)
     file = std::make_unique<MemoryFile>(*files, path);
-  if (!file) return nullptr;
-  return std::make_unique<FaultyFile>(faults, std::move(file));
+  return file ? std::make_unique<FaultyFile>(faults, std::move(file)) : nullptr;
 }
 
 std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
@@ -118,8 +117,7 @@ std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
     (*files)[path].clear();
     file = std::make_unique<MemoryFile>(*files, path);
   }
-  if (!file) return nullptr;
-  return std::make_unique<FaultyFile>(faults, std::move(file));
+  return file ? std::make_unique<FaultyFile>(faults, std::move(file)) : nullptr;
 }
 
 bool HeadlessPlatform::IsSameFile(const std::string& path, const std::string& other) {

@@ -30,21 +30,15 @@ const char* const kDeviceFolder = "/dev";
 QString DeviceOf(int port, const QString& folder) {
   static constexpr const char* kFamilies[] = {"ttyS", "ttyUSB", "ttyACM", "rfcomm"};
   constexpr int kPortsPerFamily = 8;
-  static constexpr struct {
-    int port;
-    const char* name;
-  } kBoardPorts[] = {{7, "ttyAMA0"}, {8, "serial0"}};
   if (port < 1 || port > kPortsPerFamily * std::ssize(kFamilies)) return {};
   const int index = port - 1;
   const QString device = QString("%1/%2%3")
                              .arg(folder, kFamilies[index / kPortsPerFamily])
                              .arg(index % kPortsPerFamily);
-  for (const auto& board : kBoardPorts) {
-    const QString boardDevice = folder + "/" + board.name;
-    if (board.port == port && !QFileInfo::exists(device) && QFileInfo::exists(boardDevice))
-      return boardDevice;
-  }
-  return device;
+  const bool hasBoardName = port == 7 || port == 8;
+  if (!hasBoardName || QFileInfo::exists(device)) return device;
+  const QString boardDevice = folder + (port == 7 ? "/ttyAMA0" : "/serial0");
+  return QFileInfo::exists(boardDevice) ? boardDevice : device;
 }
 
 struct SerialDevice::System {
