@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   Workspace first(platform);
   const std::vector<double> home = Start(first, size);
-  Bounded([&] { (void)platform.FileExists(first.Tarnwick.LocDatabase.text); });
+  Bounded([&] { (void)platform.ContainsFile(first.Tarnwick.LocDatabase.text, ".jpg"); });
   const bool kept = !IsTrue(first.BaseSet) || *data % 2 == 0;
   first.Tarnwick.SaveOnExit.checked = !kept;
   first.SetUpCom.CPort.text = texts.back();

@@ -16,7 +16,6 @@
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "platform/headless/headless.h"
-#include "platform/serial_settings.h"
 #include "workspace/events/start_and_exit.h"
 
 namespace {
@@ -147,7 +146,7 @@ TEST(Receiver, KeepsTheNewestCharactersThroughAPause) {
   std::string stream;
   for (int i = 0; stream.size() < 99'968; ++i) stream += std::to_string(i) + ",";
   program.Feed(stream);
-  stream.resize(stream.size() - program.platform.serial.buffer.characters.size());
+  stream.resize(stream.size() - program.platform.serial.buffer.size());
   UseNMEA_Click(program.w);
   program.Feed(kSentence + kSentence);  // is lost
   SetUpCom::Command1_Click(program.w);
@@ -182,15 +181,20 @@ TEST(Receiver, StandsEveryStream) {
 
 TEST(Receiver, ReadsSpeedsAsDigitsWithBlanksAround) {
   const struct {
-    const char* settings;
+    const char* text;
     int speed;  // 0 for malformed
-  } rows[] = {{"4800,n,8,1", 4800}, {" 4800 ,n,8,1", 4800}, {"115200,n,8,1", 115200},
-              {"+4800,n,8,1", 0},   {"-4800,n,8,1", 0},     {"0,n,8,1", 0},
-              {",n,8,1", 0},        {" ,n,8,1", 0},         {"4800.5,n,8,1", 0},
-              {"48 00,n,8,1", 0},   {"fast,n,8,1", 0},      {"99999999999,n,8,1", 0},
-              {"4800,e,8,1", 0},    {"4800,n,8,1 ", 0},     {"4800", 0}};
-  for (const auto& row : rows)
-    EXPECT_EQ(SpeedOf(row.settings).value_or(0), row.speed) << row.settings;
+  } rows[] = {{"4800", 4800}, {" 4800 ", 4800}, {"115200", 115200}, {"+4800", 0}, {"-4800", 0},
+              {"0", 0},       {"", 0},          {" ", 0},           {"48.5", 0},  {"48 00", 0},
+              {"fast", 0},    {"4800,n", 0},    {"99999999999", 0}};
+  for (const auto& row : rows) {
+    Program program;
+    UseNMEA_Click(program.w);  // closes the port
+    program.platform.serial.openSpeed = 0;
+    program.w.SetUpCom.Baud.text = row.text;
+    SetUpCom::Command1_Click(program.w);
+    EXPECT_EQ(program.platform.serial.openSpeed, row.speed) << row.text;
+    EXPECT_EQ(program.w.SetUpCom.Text1.text, row.speed == 0 ? "COM PORT FAIL" : "") << row.text;
+  }
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
-// Eastings and northings on the National Grid of Great Britain, and where the grid ends.
+// Eastings and northings on the National Grid of Great Britain, by the Transverse Mercator
+// projection, and where the grid ends. Source: Ordnance Survey, "A guide to coordinate systems in
+// Great Britain", annexes A and C.
 #pragma once
 
 // In   Lat, Lon           degrees on WGS84

@@ -83,21 +83,23 @@ double ArctangentSeries(double x) {
   return x * z * Series(kOfArctangent, z);
 }
 
+// The sine of so many quarter turns and an angle of an eighth of a turn at most.
+double SineFrom(unsigned quarters, Sum angle) {
+  const double size = quarters % 2 == 0 ? SineSeries(angle) : CosineSeries(angle);
+  return quarters % 4 < 2 ? size : -size;
+}
+
 }  // namespace
 
 double Sine(double angle) {
   if (std::fabs(angle) < kTiny) return angle;
   const Reduced reduced = Reduce(angle);
-  const double size =
-      reduced.quarters % 2 == 0 ? SineSeries(reduced.angle) : CosineSeries(reduced.angle);
-  return reduced.quarters % 4 < 2 ? size : -size;
+  return SineFrom(reduced.quarters, reduced.angle);
 }
 
 double Cosine(double angle) {
   const Reduced reduced = Reduce(angle);
-  const double size =
-      reduced.quarters % 2 == 0 ? CosineSeries(reduced.angle) : SineSeries(reduced.angle);
-  return (reduced.quarters + 1) % 4 < 2 ? size : -size;
+  return SineFrom(reduced.quarters + 1, reduced.angle);
 }
 
 // The nearest eighth is taken off by the theorem of addition.

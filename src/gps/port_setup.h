@@ -5,12 +5,9 @@
 
 namespace SetUpCom {
 
-// Runs Form_Load and marks the window as loaded; does nothing if it is loaded. The window stays
-// hidden.
-void Load(Workspace& w);
-
-// The probe: lists in CPort, as COM1 to COM32, each port that can be opened now, and closes it
-// again. The text of CPort becomes the first entry, or empty if there is none.
+// Loads the window, hidden; does nothing if it is loaded. The probe: lists in CPort, as COM1 to
+// COM32, each port that can be opened now, and closes it again. The text of CPort becomes the first
+// entry, or empty if there is none.
 void Form_Load(Workspace& w);
 
 // Opens the port whose number follows the first three characters of CPort, at the speed in Baud,

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <bit>
 #include <iterator>
 
 namespace {
@@ -40,15 +40,12 @@ void AppendUtf8(std::string& text, char16_t code) {
 // Takes one character off the front; 0xFFFD for a piece that is no UTF-8.
 char32_t TakeCharacter(std::string_view& rest) {
   const auto lead = static_cast<unsigned char>(rest.front());
-  const std::size_t following = lead < 0x80                   ? 0
-                                : lead >= 0xC2 && lead < 0xE0 ? 1
-                                : lead >= 0xE0 && lead < 0xF0 ? 2
-                                : lead >= 0xF0 && lead < 0xF5 ? 3
-                                                              : 4;
   rest.remove_prefix(1);
-  if (following == 4) return 0xFFFD;
-  char32_t character = following == 0 ? lead : lead & (0x3FU >> following);
-  for (std::size_t i = 0; i < following; ++i) {
+  if (lead < 0x80) return lead;
+  if (lead < 0xC2 || lead > 0xF4) return 0xFFFD;
+  const int length = std::countl_one(lead);
+  char32_t character = lead & (0x7FU >> length);
+  for (int i = 1; i < length; ++i) {
     if (rest.empty() || (static_cast<unsigned char>(rest.front()) & 0xC0) != 0x80) return 0xFFFD;
     character = character << 6 | (static_cast<unsigned char>(rest.front()) & 0x3F);
     rest.remove_prefix(1);

@@ -1,12 +1,16 @@
 // The platform of the running program: settings, files, viewers, the message box, the serial port.
 #pragma once
 
+#include <QSettings>
 #include <functional>
 
 #include "platform/desktop/serial_port.h"
-#include "platform/desktop/settings.h"
 #include "platform/platform.h"
 
+// Settings: on Linux a file in the user's configuration folder, which is replaced as a whole: after
+// a crash it contains the old or the new values. Of a damaged file the readable values count. On
+// Windows the registry, HKEY_CURRENT_USER\Software\Tarnwick with a key for each section. What
+// another running copy of the program stored meanwhile is kept.
 struct Desktop : Platform {
   Desktop();
 
@@ -21,16 +25,18 @@ struct Desktop : Platform {
   // Has the event loop raise the events that are due. To be called after each command.
   void Recheck();
 
-  SettingsStore settings;
+  // Writes the stored settings to the file.
+  void FlushSettings();
+
   SerialPort serial;
 
   std::string ReadSetting(const std::string& section, const std::string& key,
                           const std::string& otherwise) override;
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
-  bool FileExists(const std::string& pattern) override;
-  std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
-  std::unique_ptr<OutputFile> OpenToWrite(const std::string& path) override;
+  bool ContainsFile(const std::string& folder, std::string_view ending) override;
+  std::unique_ptr<File> OpenToRead(const std::string& path) override;
+  std::unique_ptr<File> OpenToWrite(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override;
   bool Shell(const std::string& command, WindowStyle style) override;
@@ -41,5 +47,8 @@ struct Desktop : Platform {
  private:
   void ReportViewerFailure();
 
+  QString SettingName(const std::string& section, const std::string& key) const;
+
+  QSettings settings_;
   bool isViewerFailureDue_ = false;
 };

@@ -1,4 +1,4 @@
-// Finds files by the paths that users write (clean_path.h).
+// Finds files by the paths that users write.
 //
 // On Linux a path with a drive letter, such as c:\geog\Sites.dat, names a file in the user's drive
 // folder, tarnwick/drive_c in the user's data folder. What is missing there is read from the
@@ -9,17 +9,21 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 // Creates the folder c:\geog of the user's drive folder, where the database and the listing are by
 // default. Does nothing on Windows; a failure is ignored.
 void CreateUserFolder();
 
+// What a user means by a path that was typed or pasted: removes blanks and a pair of quotes around
+// it and decodes a file:// address; ~/ becomes the user's home folder.
+std::string CleanPath(const std::string& path);
+
+// The files that a path (after CleanPath) may name: the user's own, then the installed ones.
+std::vector<std::filesystem::path> PlacesOf(const std::string& path);
+
 // The file to create or to replace; never an installed one.
 std::filesystem::path PathToWrite(const std::string& path);
 
-// The file to read: the user's own if it exists, else the installed one. The user's path if there
-// is neither.
+// The file to read: the first of PlacesOf that exists; the user's own if none does.
 std::filesystem::path PathToRead(const std::string& path);
-
-// Whether a file, not a folder, matches a path whose last part may contain * and ?.
-bool FileExists(const std::string& pattern);

@@ -22,7 +22,7 @@ Application::Application() {
   desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
   runner.onIdle = [this] { desktop.Recheck(); };
   mainWindow.onClosed = [this] {
-    desktop.settings.Flush();
+    desktop.FlushSettings();
     if (onEnd) onEnd();
   };
   AddKeys(mainWindow);

@@ -13,7 +13,7 @@ constexpr double kUnlimitedDistance = 9999;  // a larger limit is not mentioned 
 
 // The listing file and the rows not yet written to it.
 struct ListingFile {
-  std::unique_ptr<OutputFile> file;
+  std::unique_ptr<File> file;
   std::string pending;
   bool failed = false;
 };

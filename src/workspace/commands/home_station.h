@@ -7,6 +7,6 @@
 // Computes no distance; the next Use This does. Reads   Lat, Lon (degrees), Resolution (km),
 // sitename, InputText, LocText, NGRText Writes  BaseLat, BaseLong (degrees), Baseresolution (km),
 // BaseName, BaseSet; the banner
-//         BaseLocLbl, which is also the caption of the Pointing window. GenList is enabled unless
-//         the main window has the listing layout.
+//         BaseLocLbl, which is also the caption of the Pointing window. Enables GenList unless the
+//         main window has the listing layout.
 void SetHome_Click(Workspace& w);

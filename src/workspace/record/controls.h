@@ -33,9 +33,7 @@ struct TextBox {
 };
 
 // A text of several lines.
-struct TextArea : TextBox {
-  bool operator==(const TextArea&) const = default;
-};
+struct TextArea : TextBox {};
 
 // A text that the user cannot edit or select.
 struct Label {
@@ -104,7 +102,7 @@ struct DrawOperation {
 // A picture, as the list of operations that draw it.
 struct PictureBox {
   Colour back{};
-  std::vector<DrawOperation> operations{};  // since the last Cls
+  std::vector<DrawOperation> operations{};  // in the order of drawing
   bool visible = true;
   bool operator==(const PictureBox&) const = default;
 };

@@ -7,15 +7,12 @@
 #include <QFileInfo>
 #include <QSerialPort>
 #include <cerrno>
-
-#include "platform/serial_settings.h"
+#include <iterator>
 
 namespace {
 
 // More waiting characters stay in the system's queue.
 constexpr qint64 kReadBufferSize = 128;
-
-constexpr int kPortsPerFamily = 8;
 
 // Whether a running program has locked the device by a lock file in the old way, which contains its
 // process number and nothing else. Qt would remove that file as one that a crash left behind.
@@ -32,21 +29,16 @@ const char* const kDeviceFolder = "/dev";
 
 QString DeviceOf(int port, const QString& folder) {
   static constexpr const char* kFamilies[] = {"ttyS", "ttyUSB", "ttyACM", "rfcomm"};
-  static constexpr struct {
-    int port;
-    const char* name;
-  } kBoardPorts[] = {{7, "ttyAMA0"}, {8, "serial0"}};
-  if (port < 1 || port > kHighestPort) return {};
+  constexpr int kPortsPerFamily = 8;
+  if (port < 1 || port > kPortsPerFamily * std::ssize(kFamilies)) return {};
   const int index = port - 1;
   const QString device = QString("%1/%2%3")
                              .arg(folder, kFamilies[index / kPortsPerFamily])
                              .arg(index % kPortsPerFamily);
-  for (const auto& board : kBoardPorts) {
-    const QString boardDevice = folder + "/" + board.name;
-    if (board.port == port && !QFileInfo::exists(device) && QFileInfo::exists(boardDevice))
-      return boardDevice;
-  }
-  return device;
+  const bool hasBoardName = port == 7 || port == 8;
+  if (!hasBoardName || QFileInfo::exists(device)) return device;
+  const QString boardDevice = folder + (port == 7 ? "/ttyAMA0" : "/serial0");
+  return QFileInfo::exists(boardDevice) ? boardDevice : device;
 }
 
 struct SerialDevice::System {

@@ -20,16 +20,6 @@ void OnSignal(int /*signal*/) {
   errno = errorOfInterruptedCode;
 }
 
-// SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
-void InstallHandler(int signal) {
-  struct sigaction action {};
-  action.sa_handler = OnSignal;
-  action.sa_flags = SA_RESTART;
-  if (signal == SIGINT) action.sa_flags |= static_cast<int>(SA_RESETHAND);
-  sigemptyset(&action.sa_mask);
-  sigaction(signal, &action, nullptr);
-}
-
 }  // namespace
 
 void OnTermination(const std::function<void()>& end) {
@@ -40,5 +30,13 @@ void OnTermination(const std::function<void()>& end) {
     notifier->setEnabled(false);
     end();
   });
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) InstallHandler(signal);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action {};
+    action.sa_handler = OnSignal;
+    action.sa_flags = SA_RESTART;
+    // SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
+    if (signal == SIGINT) action.sa_flags |= static_cast<int>(SA_RESETHAND);
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+  }
 }
