@@ -57,6 +57,40 @@ TEST_F(Geo, LocatorsRoundTrip) {
   }
 }
 
+// The characters of one axis, step by step: the order of the arithmetic decides at the edges.
+std::string AxisByStep(double axis) {
+  const double field = std::floor(axis / 10);
+  const double inField = axis - 10 * field;
+  const double square = std::floor(inField);
+  const double inSquare = inField - square;
+  const double subsquare = std::floor(inSquare * 24);
+  const double inSubsquare = inSquare - subsquare / 24;
+  const double extended = std::floor(inSubsquare * 240);
+  const double finest = std::floor((inSubsquare - extended / 240) * 5760);
+  std::string text;
+  for (const double code :
+       {'A' + field, '0' + square, 'A' + subsquare, '0' + extended, 'A' + finest})
+    text += CharOf(static_cast<int>(std::clamp(code, -1.0, 256.0)));
+  return text;
+}
+
+TEST_F(Geo, LocatorsAtTheEdgesOfCellsFollowTheSteps) {
+  std::mt19937 random(1);
+  std::string lc;
+  for (int round = 0; round < 100'000; ++round) {
+    double lat = static_cast<double>(random() % (180 * 5760)) / 5760 - 90;
+    double lon = static_cast<double>(random() % (180 * 5760)) / 2880 - 180;
+    if (round % 2 == 0) lat = std::nextafter(lat, random() % 2 == 0 ? 99 : -99);
+    if (round % 2 == 0) lon = std::nextafter(lon, random() % 2 == 0 ? 999 : -999);
+    if (round % 5 == 0) lat *= 1.5;  // beyond the poles
+    GenLocator(lat, lon, lc);
+    const std::string byLon = AxisByStep((lon + 180) / 2);
+    const std::string byLat = AxisByStep(lat + 90);
+    for (std::size_t i = 0; i < 5; ++i)
+      ASSERT_EQ(lc.substr(2 * i, 2), (std::string{byLon[i], byLat[i]})) << lat << " " << lon;
+  }
+}
+
 TEST_F(Geo, GridReferencesRoundTrip) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> north(50, 60.95), west(-1.75, 7.4);

@@ -5,7 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <random>
 
@@ -46,6 +51,64 @@ TEST(FormatPicture, RoundsTheDecimalTextAwayFromZero) {
   EXPECT_EQ(FormatPicture(-kInfinity, "##0.0").size(), 1 + 309 + 2U);
 }
 
+// A number under a picture by way of its 15 significant digits alone.
+std::string ByFifteenDigits(double number, const Picture& picture) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.14e", std::fabs(number));
+  std::string digits = text[0] + std::string(&text[2], 14);
+  const int kept = std::atoi(&text[17]) + 1 + static_cast<int>(picture.fractionPlaces);
+  const int zeros = std::max(1 - kept, 1);
+  digits.insert(0, static_cast<std::size_t>(zeros), '0');
+  const auto end = static_cast<std::size_t>(zeros + kept);
+  digits.resize(std::max(digits.size(), end + 1), '0');
+  bool carry = digits[end] >= '5';
+  digits.resize(end);
+  for (std::size_t i = end; carry; --i) {
+    carry = digits[i - 1] == '9';
+    digits[i - 1] = static_cast<char>(carry ? '0' : digits[i - 1] + 1);
+  }
+  digits.erase(0, digits.find_first_not_of('0'));
+  std::string shown(number < 0 && !digits.empty() ? "-" : "");
+  const std::size_t least = picture.wholeZeros + picture.fractionPlaces;
+  if (digits.size() < least) digits.insert(0, least - digits.size(), '0');
+  std::string fraction = digits.substr(digits.size() - picture.fractionPlaces);
+  digits.resize(digits.size() - picture.fractionPlaces);
+  while (fraction.size() > picture.fractionZeros && fraction.back() == '0') fraction.pop_back();
+  shown.append(picture.head).append(digits).append(picture.point ? "." : "");
+  return shown.append(fraction).append(picture.tail);
+}
+
+// Numbers of every size, ties and their neighbours, under pictures of every kind.
+TEST(FormatPicture, EqualsRoundingOfTheFifteenDigits) {
+  const char* const pictures[] = {"####0.0",     "(####0.0)", "###m",      "##0.000000",
+                                  "0.00#deg / ", "####.###",  "00'",       "######",
+                                  "0.0000000",   "00000.##",  "no places", "."};
+  std::mt19937_64 random(1);
+  const int rounds = std::getenv("TARNWICK_DEEP") != nullptr ? 3'000'000 : 100'000;
+  for (int round = 0; round < rounds; ++round) {
+    double number = std::bit_cast<double>(random());  // any double
+    if (round % 4 == 1) number = static_cast<double>(random() % 100'000'000) / 977;
+    if (round % 4 == 2) number = static_cast<double>(random() % 1'000'000) / 2000;  // half of ties
+    if (round % 4 == 3)
+      number =
+          std::ldexp(static_cast<double>(random() % 4096), static_cast<int>(random() % 90) - 50);
+    if (!std::isfinite(number)) continue;
+    if (round % 3 == 0) number = std::nextafter(number, random() % 2 == 0 ? kInfinity : -kInfinity);
+    if (round % 5 == 0) number = -number;
+    const char* picture = pictures[random() % std::size(pictures)];
+    ASSERT_EQ(FormatPicture(number, picture), ByFifteenDigits(number, PictureOf(picture)))
+        << std::hexfloat << number << " under " << picture;
+  }
+}
+
+TEST(PutPicture, WritesOverTheText) {
+  std::string text = "12345678";
+  PutPicture(text, 2, -7.25, PictureOf("#0.0"));
+  EXPECT_EQ(text, "12-7.378");
+  PutPicture(text, 6, 123, PictureOf("#"));
+  EXPECT_EQ(text, "12-7.3123");
+}
+
 TEST(TextToNumber, ReadsTheFrontOfAText) {
   const struct {
     std::string_view text;
@@ -56,6 +119,7 @@ TEST(TextToNumber, ReadsTheFrontOfAText) {
       {"1.2.3", 1.2}, {"1,5", 1}, {"12\r34", 12}, {std::string_view("1\0002", 3), 1},
       {"N51", 0}, {"", 0}, {".", 0}, {"--1", 0}, {"E5", 0},
       {"1E3", 1000}, {"1 d - 2", 0.01}, {"1.2E", 1.2}, {"1E+", 1}, {"51D30N", 51e30},
+      {"123456789012345", 123456789012345}, {"1234567890123456", 1234567890123456}, {"007", 7},
       {"&H1F", 31}, {" &hffff", 65535}, {"&O178", 15}, {"&X1", 0}, {"&", 0},
       {"0.1000000000000000055511151231257827", 0.1},
       {"00000000000000000000000000000000000000000000000012", 12},
@@ -104,6 +168,13 @@ TEST(Integers, RoundToEvenAndSaturate) {
   EXPECT_EQ(RoundToInt16(-2.5), -2);
   EXPECT_EQ(FloorToInt16(-2.1), -3);
   EXPECT_EQ(FloorToInt16(1e300), 32767);
+  for (double number = -5; number < 5; number += 0.125) {
+    EXPECT_EQ(RoundToInt32(number), std::nearbyint(number));
+    EXPECT_EQ(FloorToInt16(number), std::floor(number));
+  }
+  EXPECT_EQ(RoundToInt32(std::nextafter(0.5, 0)), 0);
+  EXPECT_EQ(RoundToInt32(-1e300), std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(RoundToInt32(0x1p30 + 0.5), 0x40000000);
   EXPECT_EQ(RoundToInt16(-40000), -32768);
   EXPECT_EQ(RoundToInt16(std::nan("")), 0);
   EXPECT_EQ(RoundToInt32(kInfinity), 2147483647);

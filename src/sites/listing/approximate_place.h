@@ -1,6 +1,6 @@
-// Places in a square of the National Grid or of latitude and longitude: the other form of their
-// coordinates, distance and bearings, by polynomials in a tenth of the time that the plain formulas
-// take, with errors that are known and small.
+// Approximate numbers of a place in a square of the National Grid or of latitude and longitude: its
+// coordinates in the other form, its distance and bearings. They come from polynomials, in a tenth
+// of the time that the exact formulas take, and their errors are bounded.
 #pragma once
 
 #include "geo/dist_bear.h"
@@ -14,9 +14,10 @@ inline constexpr double kMetreError = 5e-4;     // m, of easting and northing
 inline constexpr double kDistanceError = 5e-6;  // km
 inline constexpr double kBearingError = 1e-5;   // degrees, where AreWellConditioned
 
-// Whether kBearingError and kDistanceError apply. Close to the home station and to its antipode a
-// small shift turns the bearing further; close to due north and south it could change the side of
-// the home station, and the exact arc cosine has few digits; so it has everywhere close to a pole.
+// Whether kBearingError applies. It does not within 10 km of the home station and of its antipode,
+// where a small shift turns the bearing far; nor near due north and south, where a shift can change
+// the side of the home station; nor for a home station close to a pole. In the last two cases the
+// exact bearing, an arc cosine near 0 or pi, has few correct digits itself.
 bool AreWellConditioned(const HomeStation& home, const DistanceAndBearings& figures);
 
 // The form in which the places of a square are known: x and y are easting and northing, m, or

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Making the polynomials takes as long as the exact path of so many records.
+// A square with so many records usually has more. Its polynomials cost 15 exact conversions.
 constexpr int kRecordsBeforePolynomials = 8;
 
 // The squares: those of the National Grid, and those of 2 by 1 degrees of the box outside which
@@ -30,11 +30,9 @@ bool IsNear(double value, double limit, double error) {
   return std::fabs(value - limit) <= error;
 }
 
-// Whether the exact figures could lie on the other side of a limit, or unlike them be undefined.
-bool AreNearLimit(const HomeStation& home, const DistanceAndBearings& figures,
-                  const Limits& limits) {
-  return !AreWellConditioned(home, figures) ||
-         IsNear(figures.distance, limits.minimum, kDistanceError) ||
+// Whether the exact figures could lie on the other side of a limit of the run.
+bool AreNearLimit(const DistanceAndBearings& figures, const Limits& limits) {
+  return IsNear(figures.distance, limits.minimum, kDistanceError) ||
          IsNear(figures.distance, limits.maximum, kDistanceError) ||
          IsNear(figures.bearing, limits.from, kBearingError) ||
          IsNear(figures.bearing, limits.to, kBearingError);
@@ -61,10 +59,10 @@ bool AreNearTie(double easting, double northing, double resolution) {
          IsNearTie(northing / unit, kMetreError / unit);
 }
 
-// The bounds on the distances of a square, from that of the place in its centre.
+// Bounds the distances of all places of a square by the distance of its centre.
 void ComputeDistanceBounds(double centre, AcceleratedSquare& square) {
-  constexpr double kRadius = 100;               // km, of any of the squares
-  constexpr double kHalfCircumference = 20015;  // km; the exact antipode has a distance of 0
+  constexpr double kRadius = 100;               // km, from the centre of any square to its corners
+  constexpr double kHalfCircumference = 20015;  // km; an exact antipode can have the distance 0
   square.farthest = centre + kRadius;
   square.nearest = square.farthest < kHalfCircumference ? centre - kRadius : 0;
 }
@@ -83,7 +81,7 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
   return true;
 }
 
-// Counts a record of a square without polynomials, and computes what is due. Rarely called.
+// Counts a record of a square without polynomials, and makes them when there are enough records.
 [[gnu::noinline]] void CountRecord(const HomeStation& home, AcceleratedSquare& square,
                                    const Rectangle& over, CoordinateForm form) {
   if (++square.recordCount == 1)
@@ -99,8 +97,8 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
   ComputeDistanceBounds(figures.distance, square);
 }
 
-// The square that the letters of a grid reference name; null if it is not on the grid, or if the
-// rest does not consist of digits and so may not lie in it.
+// Returns the square that the letters of a grid reference name. Null if the square is not on the
+// grid, or if the place may lie outside it since not only digits follow.
 const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_view reference) {
   constexpr auto kSide = static_cast<int>(kSquareSide);
   int x = 0;
@@ -116,7 +114,7 @@ const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_
   return &square;
 }
 
-// The square of degrees in which a place lies; null if it is outside the box.
+// Returns the square of degrees in which a place lies; null if the place is outside the box.
 const AcceleratedSquare* DegreeSquareAt(ListingAccelerator& fast, double lat, double lon) {
   if (!IsInGridBox(lat, lon) || lat == kBoxNorth) return nullptr;
   const int column = static_cast<int>(lon - kBoxWest) / 2;
@@ -165,7 +163,8 @@ RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::s
     if (isGrid) NGRToGrid(record.position, x, y, resolution);
     const auto form = isGrid ? CoordinateForm::EastingNorthing : CoordinateForm::LonLat;
     const ApproximatePlace place = PlaceAt(fast.home, *square->polynomials, form, x, y);
-    if (AreNearLimit(fast.home, place.figures, fast.limits)) return RowOutcome::NeedsExactPath;
+    if (!AreWellConditioned(fast.home, place.figures) || AreNearLimit(place.figures, fast.limits))
+      return RowOutcome::NeedsExactPath;
     if (IsWithin(fast.limits, place.figures)) {
       if (AreNearTie(place.figures) ||
           (isGrid ? IsNearCellEdge(place.y, place.x) : AreNearTie(place.x, place.y, resolution)))

@@ -1,12 +1,13 @@
-// Rows of a listing in a quarter of the plain engine's time. For squares with many records the
-// accelerator takes the numbers, coordinates, distance and bearings, from polynomials. Everything
-// else, from reading a reference to writing the row, is done by the plain engine's own procedures.
-// Where the exact number could fall on the other side of a decision (the edge of a locator's cell,
-// a tie of a rounding, a limit of the run), the caller uses the exact path, so the listing is the
-// same to the last digit. The tests compare both, byte for byte.
+// Lists records several times faster than by the exact formulas. For a square with many records the
+// accelerator takes the numbers (coordinates, distance, bearings) from polynomials. Everything
+// else, from reading a reference to writing the row, is done by the procedures that the exact path
+// uses. Where the exact number could fall on the other side of a decision (the edge of a locator's
+// cell, a tie of a rounding, a limit of the run), the record takes the exact path, so the listing
+// is the same to the last digit. The tests compare both, byte for byte.
 //
-// Nobody reads the workspace before the end of a run. The last record that was listed or dropped by
-// the accelerator is kept, and decoded into the workspace only when its state is needed.
+// Nothing reads the workspace during a run. The last record that the accelerator listed or dropped
+// is deferred: it is decoded into the workspace only when the exact path or the end of the run
+// needs the state that it would have left.
 #pragma once
 
 #include <memory>
@@ -32,13 +33,14 @@ struct ListingAccelerator {
   std::string deferred{};  // the line of the last record that the workspace has not seen, or empty
 };
 
-// An accelerator for a run from the home station of the workspace. The limits must outlive it.
+// Returns an accelerator for a run from the home station of the workspace. `limits` must outlive
+// it.
 ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits);
 
 enum class RowOutcome { NeedsExactPath, Dropped, Listed };
 
-// Appends the row of a record to `text` if the record passes the limits. NeedsExactPath: the caller
-// must run ReplayDeferred and DecodeRecord.
+// Appends the row of a record to `text` if the record passes the limits. NeedsExactPath: nothing
+// was appended; the caller runs ReplayDeferred, then DecodeRecord.
 RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text);
 
 // Brings the workspace and the columns to the state in which the plain engine would have left them.

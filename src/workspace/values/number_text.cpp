@@ -70,8 +70,8 @@ std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places)
 }
 
 std::size_t DigitCount(std::uint32_t number) {
-  static constexpr std::uint32_t kPowersOfTen[] = {1,      10,        100,        1'000,       10'000,
-                                            100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
+  static constexpr std::uint32_t kPowersOfTen[] = {
+      1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
   std::size_t count = 0;
   while (count < std::size(kPowersOfTen) && number >= kPowersOfTen[count]) ++count;
   return count;

@@ -1,5 +1,5 @@
-// How a number or a date becomes a visible text, and how a text becomes a number. Nothing here reads
-// the locale, and nothing fails.
+// How a number or a date becomes a visible text, and how a text becomes a number. Nothing here
+// reads the locale, and nothing fails.
 #pragma once
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 // digit that counts; all whole digits are printed however few the places.
 struct Picture {
   std::string_view head, tail;
-  std::size_t wholeZeros = 0;      // whole digits printed even if 0
+  std::size_t wholeZeros = 0;  // whole digits printed even if 0
   bool point = false;
   std::size_t fractionPlaces = 0;  // the most fraction digits
   std::size_t fractionZeros = 0;   // fraction digits printed even if 0
