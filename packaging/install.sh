@@ -1,15 +1,35 @@
 #!/bin/sh
-# install.sh PURPOSE...: installs with apt-get the packages that packages.txt lists for each purpose and
-# that are not installed yet, and says so before.
+# install.sh [--target ARCH] PURPOSE...: installs with apt-get the packages that packages.txt lists for
+# each purpose and that are not installed yet, and says so before. With a target architecture (a Debian
+# name such as arm64) also the packages marked "target", of that architecture.
 set -eu
 list=$(dirname "$0")/packages.txt
+native=$(dpkg --print-architecture)
+target=
+if [ "${1:-}" = --target ]; then
+  target=$2
+  shift 2
+fi
+
+is_installed() {
+  case $1 in *:*) architecture=${1#*:} ;; *) architecture=$native ;; esac
+  dpkg-query -W -f '${db:Status-Status} ${Architecture}\n' "${1%:*}" 2>/dev/null |
+    grep -Eqx "installed ($architecture|all)"
+}
+
 missing=
 for purpose in "$@"; do
-  packages=$(awk -v purpose="$purpose" '$1 == purpose { print $2 }' "$list")
+  packages=$(awk -v purpose="$purpose" -v target="$target" '
+    $1 == purpose {
+      if (target != "") {
+        sub(/ARCH/, target, $2)
+        if ($3 == "target") print $2 ":" target
+      }
+      print $2
+    }' "$list")
   [ -n "$packages" ] || { echo "packages.txt lists nothing for: $purpose" >&2; exit 1; }
   for package in $packages; do
-    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
-      missing="$missing $package"
+    is_installed "$package" || missing="$missing $package"
   done
 done
 [ -n "$missing" ] || exit 0
@@ -20,7 +40,19 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=sudo
 fi
 echo "These Debian packages are missing; ${as_root:+sudo }apt-get installs them now: $missing" >&2
-$as_root apt-get update -qq >&2
+
+added=
+case $missing in
+  *:"$target"*)
+    dpkg --print-foreign-architectures | grep -qx "$target" || added=$target
+    [ -z "$added" ] || $as_root dpkg --add-architecture "$added" ;;
+esac
 # shellcheck disable=SC2086
-$as_root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 install -y -qq \
-  --no-install-recommends $missing >&2
+if $as_root apt-get update -qq >&2 &&
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 install -y -qq \
+    --no-install-recommends $missing >&2; then
+  exit 0
+fi
+# An architecture whose packages cannot be had must not spoil later updates.
+[ -z "$added" ] || { $as_root dpkg --remove-architecture "$added" && $as_root apt-get update -qq; } >&2
+exit 1

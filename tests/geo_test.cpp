@@ -13,7 +13,6 @@
 #include "geo/dist_bear.h"
 #include "geo/grid_reference.h"
 #include "geo/lat_long_parser.h"
-#include "geo/local_polynomials.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "geo/trigonometry.h"
@@ -281,46 +280,6 @@ TEST_F(Geo, AbsurdNumbersStayFinite) {
     ParseLatLong(w, a);
     EXPECT_TRUE(std::isfinite(w.Lat) && std::isfinite(w.Lon)) << a;
   }
-}
-
-// The margins of the listing accelerator depend on these bounds: degrees to the place, metres to
-// the grid.
-TEST_F(Geo, PatchesStayWithinTheirTolerance) {
-  std::mt19937 random(1);
-  const auto between = [&](double from, double to) {
-    return std::uniform_real_distribution<double>(from, to)(random);
-  };
-  const PatchFunctions toPlace = [](double x, double y) {
-    PatchValues values{};
-    GridToWGS84(x, y, values[0], values[1]);
-    return values;
-  };
-  const PatchFunctions toGrid = [](double x, double y) {
-    PatchValues values{};
-    WGS84ToGrid(y, x, values[0], values[1]);
-    return values;
-  };
-  const auto check = [&](Rectangle over, const PatchFunctions& functions, double bound) {
-    Patch patch;
-    ASSERT_TRUE(MakePatch(over, functions, {bound, bound}, patch)) << over.x << ", " << over.y;
-    for (int place = 0; place < 300; ++place) {
-      const double x = over.x + between(0, over.width);
-      const double y = over.y + between(0, over.height);
-      const PatchValues patched = ValuesAt(patch, x, y);
-      const PatchValues plain = functions(x, y);
-      EXPECT_NEAR(patched[0], plain[0], bound) << x << ", " << y;
-      EXPECT_NEAR(patched[1], plain[1], bound) << x << ", " << y;
-    }
-  };
-  for (double easting = 0; easting < 700000; easting += 100000)
-    for (double northing = 0; northing < 1300000; northing += 100000)
-      check({easting, northing, 100000, 100000}, toPlace, 1e-9);
-  for (double lon = -8; lon < 2; lon += 2)
-    for (double lat = 49; lat < 61; ++lat) check({lon, lat, 2, 1}, toGrid, 1e-4);
-  // Refused: the series near the pole, and a tolerance that no polynomial reaches.
-  Patch patch;
-  EXPECT_FALSE(MakePatch({-2, 89.5, 2, 1}, toGrid, {1e-4, 1e-4}, patch));
-  EXPECT_FALSE(MakePatch({0, 0, 100000, 100000}, toPlace, {1e-13, 1e-13}, patch));
 }
 
 }  // namespace

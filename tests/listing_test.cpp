@@ -3,15 +3,21 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <random>
 
+#include "geo/grid_reference.h"
+#include "geo/locator.h"
+#include "geo/national_grid.h"
 #include "platform/headless/headless.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
+#include "sites/listing/approximate_place.h"
 #include "sites/listing/listing_row.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
@@ -19,20 +25,22 @@
 
 namespace {
 
-// The rows by the plain engine alone.
+// The rows by the exact path alone.
 std::string PlainRows(Workspace& w) {
   std::string rows;
   if (!OpenDatabase(w)) return rows;
   const Limits limits = LimitsOf(w.Tarnwick);
+  SiteRecord record;
   Columns columns;
   int count = 0;
   for (std::string_view line; ReadLine(w.database, line);) {
     const SiteLine site = SplitSiteLine(line);
     if (!site.isRecord) continue;
-    DecodeRecord(w, line, site, columns);
-    if (!Passes(w, limits)) continue;
-    rows += RowOf(w, columns) + "\r\n";
-    if (++count % 10 == 0) rows += "\r\n";
+    ReadRecord(line, site, record);
+    DecodeRecord(w, record, columns);
+    if (!Passes(RowOf(w, columns), limits)) continue;
+    AppendRow(rows, RowOf(w, columns));
+    rows += ++count % 10 == 0 ? "\r\n\r\n" : "\r\n";
   }
   CloseDatabase(w);
   return rows;
@@ -53,6 +61,38 @@ auto StateOf(const Workspace& w) {
                     main.EastNorth.text, main.OSMap.caption, main.Xdim.caption, main.Ydim.caption,
                     main.InputText.text);
 }
+
+class Listing : public testing::Test {
+ protected:
+  Listing() { std::filesystem::create_directories(folder); }
+  ~Listing() override { std::filesystem::remove_all(folder); }
+
+  void Write(const std::string& records) {
+    std::ofstream(folder + "/Sites.dat", std::ios::binary) << records;
+  }
+
+  // Lists the database with and without the accelerator, and compares rows and workspaces. Sets
+  // `last` to the distance of the last record; returns the number of rows.
+  std::size_t Compare(const std::function<void(Workspace&)>& prepare, const std::string& what) {
+    HeadlessPlatform platform;
+    Workspace plain(platform);
+    Workspace fast(platform);
+    for (Workspace* w : {&plain, &fast}) {
+      w->Tarnwick.LocDatabase.text = folder + "/Sites.dat";
+      w->Tarnwick.ListFileName.text = folder + "/List.txt";
+      prepare(*w);
+    }
+    const std::string expected = PlainRows(plain);
+    MakeList_Click(fast);
+    EXPECT_TRUE(RowsOfFile(folder + "/List.txt") == expected) << what;
+    EXPECT_EQ(StateOf(fast), StateOf(plain)) << what;
+    last = NumberToText(plain.Dist.number);
+    return expected.size() / (kRowLength + 2);
+  }
+
+  const std::string folder = testing::TempDir() + "tarnwick-listing" + std::to_string(getpid());
+  std::string last;
+};
 
 // Records of every kind, most of them in a few squares. Places near the first home station and due
 // north of it, cells at the edge of the grid and of its box, and texts that are nearly references.
@@ -82,7 +122,12 @@ std::string RecordsFrom(std::mt19937& random, int count) {
                              "SU12345678901234",
                              "IO91WM44mm33",
                              "IO91 W M 4 4",
-                             "SU12 34567890"};
+                             "SU12 34567890",
+                             "SU12&HFF",
+                             "SU1234-1",
+                             "IO91WM44MM\xFF\xFF",
+                             "SU12345678901234567890123456789012345678901234567890",
+                             "IO91WM44MMAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"};
   std::string records;
   for (int i = 0; i < count; ++i) {
     records += one("HTx") + some("ill op~aEND", random() % 9) + "~";
@@ -113,18 +158,22 @@ std::string RecordsFrom(std::mt19937& random, int count) {
 // A distance of nullptr is that of the last record.
 struct Restriction {
   const char *minimum, *maximum, *from, *to, *name;
+  void WriteTo(MainWindow& main) const {
+    main.MinDisttext.text = minimum;
+    main.MaxDistText.text = maximum;
+    main.FromBearText.text = from;
+    main.ToBearText.text = to;
+    main.Srchtext.text = name;
+  }
 };
 
-TEST(Listing, FastRowsAreThePlainOnes) {
-  const std::string folder = testing::TempDir() + "tarnwick-listing" + std::to_string(getpid());
-  std::filesystem::create_directories(folder);
-  const std::string database = folder + "/Sites.dat";
+TEST_F(Listing, AcceleratedRowsEqualPlainRows) {
   const int records = std::getenv("TARNWICK_DEEP") != nullptr ? 20'000 : 4'000;
   std::mt19937 random(1);
   const char* const homes[] = {"SU70004500",     "51.5N 1.25W",   "IO91WM44MM",
                                "0 0N 0E",        "51.5S 178.75E", "94N 3E",
                                "52N 361W",       "50.06N 5.7W",   "51.518836S 179.871003E",
-                               "51.18N 1.0006W", "10N 179.9W"};
+                               "51.18N 1.0006W", "10N 179.9W",    "90N 0E"};
   const Restriction runs[] = {
       {"0", "99999", "0", "360", ""},     {"", "20", "0", "360", ""},
       {"5", "50", "350", "10", ""},       {"100", "9999", "45", "225.5", "ill"},
@@ -133,36 +182,227 @@ TEST(Listing, FastRowsAreThePlainOnes) {
       {nullptr, "99999", "0", "360", ""}, {"0", nullptr, "0", "360", ""}};
   std::size_t rows = 0;
   for (const char* home : homes) {
-    std::ofstream(database, std::ios::binary) << RecordsFrom(random, records);
-    std::string last;
-    for (const auto& [minimum, maximum, from, to, name] : runs) {
-      HeadlessPlatform platform;
-      Workspace plain(platform);
-      Workspace fast(platform);
-      for (Workspace* w : {&plain, &fast}) {
-        MainWindow& main = w->Tarnwick;
-        main.InputText.text = home;
-        FindIt_Click(*w);
-        SetHome_Click(*w);
-        main.LocDatabase.text = database;
-        main.ListFileName.text = folder + "/List.txt";
-        main.MinDisttext.text = minimum != nullptr ? minimum : last;
-        main.MaxDistText.text = maximum != nullptr ? maximum : last;
-        main.FromBearText.text = from;
-        main.ToBearText.text = to;
-        main.Srchtext.text = name;
-      }
-      const std::string expected = PlainRows(plain);
-      MakeList_Click(fast);
-      ASSERT_TRUE(RowsOfFile(folder + "/List.txt") == expected)
-          << home << ", " << fast.Tarnwick.MaxDistText.text;
-      ASSERT_EQ(StateOf(fast), StateOf(plain)) << home << ", " << fast.Tarnwick.MaxDistText.text;
-      last = NumberToText(plain.Dist.number);
-      rows += expected.size() / (kRowLength + 2);
+    Write(RecordsFrom(random, records));
+    for (const Restriction& run : runs) {
+      const auto prepare = [&](Workspace& w) {
+        w.Tarnwick.InputText.text = home;
+        FindIt_Click(w);
+        SetHome_Click(w);
+        Restriction all = run;
+        if (all.minimum == nullptr) all.minimum = last.c_str();
+        if (all.maximum == nullptr) all.maximum = last.c_str();
+        all.WriteTo(w.Tarnwick);
+      };
+      rows += Compare(prepare, home);
+      if (HasFailure()) return;
     }
   }
   EXPECT_GT(rows, 40000U);
-  std::filesystem::remove_all(folder);
+}
+
+constexpr auto kGrid = CoordinateForm::EastingNorthing;
+constexpr auto kDegrees = CoordinateForm::LonLat;
+
+// A place by the exact formulas, as PlaceAt supplies it.
+ApproximatePlace ExactPlace(const HomeStation& home, CoordinateForm form, double x, double y) {
+  ApproximatePlace place;
+  if (form == kGrid) {
+    GridToWGS84(x, y, place.y, place.x);
+    place.figures = DistanceAndBearingsOf(home, place.y, place.x);
+  } else {
+    WGS84ToGrid(y, x, place.x, place.y);
+    place.figures = DistanceAndBearingsOf(home, y, x);
+  }
+  return place;
+}
+
+// Every square, from home stations near and far, against the exact formulas.
+TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> unit(0, 1);
+  const HomeStation homes[] = {HomeStationAt(51.5, -1.25), HomeStationAt(57, -3.4),
+                               HomeStationAt(-38.66, 178.02), HomeStationAt(84.9, 100)};
+  for (int i = 0; i < 98 + 60; ++i) {
+    const CoordinateForm form = i < 98 ? kGrid : kDegrees;
+    const int k = i - 98;
+    const Rectangle over = form == kGrid ? Rectangle{i % 7 * 1e5, i / 7 * 1e5, 1e5, 1e5}
+                                         : Rectangle{-8.0 + k % 5 * 2, 49.0 + k / 5, 2, 1};
+    for (const HomeStation& home : homes) {
+      const LocalPolynomials polynomials = PolynomialsOf(home, over, form);
+      for (int round = 0; round < 400; ++round) {
+        // One in four on the western or southern edge.
+        const double x = over.x + over.width * (round % 8 == 0 ? 0 : unit(random));
+        const double y = over.y + over.height * (round % 8 == 1 ? 0 : unit(random));
+        const ApproximatePlace exact = ExactPlace(home, form, x, y);
+        const ApproximatePlace place = PlaceAt(home, polynomials, form, x, y);
+        ASSERT_NEAR(place.x, exact.x, form == kGrid ? kLonError : kMetreError) << x << " " << y;
+        ASSERT_NEAR(place.y, exact.y, form == kGrid ? kLatError : kMetreError) << x << " " << y;
+        ASSERT_NEAR(place.figures.distance, exact.figures.distance, kDistanceError);
+        if (!AreWellConditioned(home, place.figures)) continue;
+        ASSERT_NEAR(place.figures.bearing, exact.figures.bearing, kBearingError);
+        ASSERT_NEAR(place.figures.backbearing, exact.figures.backbearing, kBearingError);
+      }
+    }
+  }
+}
+
+// The values of a place whose whole part decides what a row shows: two coordinates, distance and
+// both bearings; and how far each may be off.
+using Decisions = std::array<double, 5>;
+Decisions DecisionsOf(const ApproximatePlace& place, CoordinateForm form) {
+  const double x = form == kGrid ? (place.x + 180) / 2 * 5760 : place.x / 10 + 0.5;
+  const double y = form == kGrid ? (place.y + 90) * 5760 : place.y / 10 + 0.5;
+  const auto& [distance, bearing, backbearing] = place.figures;
+  return {x, y, distance * 10 + 0.5, bearing * 10 + 0.5, backbearing * 10 + 0.5};
+}
+Decisions MarginsOf(CoordinateForm form) {
+  const double x = form == kGrid ? kLonError / 2 * 5760 : kMetreError / 10;
+  const double y = form == kGrid ? kLatError * 5760 : kMetreError / 10;
+  return {x, y, kDistanceError * 10, kBearingError * 10, kBearingError * 10};
+}
+
+struct Record {
+  std::string position;
+  double x = 0, y = 0;
+};
+
+// A record of ten digits on the grid.
+Record GridRecord(int easting, int northing) {
+  const auto [first, second] = SquareLetters(easting / 100000, northing / 100000);
+  const double digits = 1e10 + easting % 100000 * 1e5 + northing % 100000;
+  return {std::string{first, second} + FormatPicture(digits, "0").substr(1), 1.0 * easting,
+          1.0 * northing};
+}
+
+// A record of ten characters in a square of degrees.
+Record LocatorRecord(const Rectangle& over, std::mt19937& random) {
+  Record record;
+  GenLocator(over.y + 0.5, over.x + 1, record.position);
+  for (std::size_t i = 4; i < 10; ++i)
+    record.position[i] = static_cast<char>(i / 2 == 3 ? '0' + random() % 10 : 'A' + random() % 24);
+  double resolution = 0;
+  LocatorToWGS84(record.position, record.y, record.x, resolution);
+  return record;
+}
+
+// Each record would be shown otherwise by the polynomials: at the edge of a cell, at a tie of a
+// reference and of each figure, and at each limit of the run. So no margin can be left out.
+TEST_F(Listing, RecordsAtADecisionTakeTheExactPath) {
+  constexpr int kEasting = 450000, kNorthing = 1320000;
+  double lat = 0;
+  double lon = 0;
+  GridToWGS84(kEasting, kNorthing, lat, lon);
+  const HomeStation home = HomeStationAt(lat, lon);
+  const auto homeAt = [&](Workspace& w) {
+    w.BaseLat = home.lat;
+    w.BaseLong = home.lon;
+  };
+  std::mt19937 random(1);
+  for (const CoordinateForm form : {kGrid, kDegrees}) {
+    const Rectangle over =
+        form == kGrid ? Rectangle{400000, 1300000, 100000, 100000} : Rectangle{-2, 60, 2, 1};
+    const LocalPolynomials polynomials = PolynomialsOf(home, over, form);
+    const Decisions margins = MarginsOf(form);
+    std::string records;
+    Decisions found{};
+    struct {
+      double error = 0, distance = 0, bearing = 0;
+      std::string position;
+    } worst[2];  // by distance and by bearing, with the middle between exact and approximate
+    const auto consider = [&](const Record& record) {
+      const ApproximatePlace place = PlaceAt(home, polynomials, form, record.x, record.y);
+      const Decisions near = DecisionsOf(place, form);
+      for (std::size_t i = 0; i < near.size(); ++i) {
+        if (std::fabs(near[i] - std::round(near[i])) > margins[i]) continue;
+        const ApproximatePlace exactPlace = ExactPlace(home, form, record.x, record.y);
+        if (std::floor(DecisionsOf(exactPlace, form)[i]) == std::floor(near[i])) continue;
+        const DistanceAndBearings &a = place.figures, &b = exactPlace.figures;
+        if (!AreWellConditioned(home, a)) continue;
+        ++found[i];
+        records += "Site~" + record.position + "\r\n";
+        const double errors[] = {std::fabs(a.distance - b.distance),
+                                 std::fabs(a.bearing - b.bearing)};
+        for (std::size_t k = 0; k < 2; ++k)
+          if (errors[k] > worst[k].error)
+            worst[k] = {errors[k], (a.distance + b.distance) / 2, (a.bearing + b.bearing) / 2,
+                        record.position};
+      }
+    };
+    if (form == kGrid) {
+      for (int i = 0; i < 1'000'000; ++i)
+        consider(GridRecord(400000 + static_cast<int>(random() % 100000),
+                            1300000 + static_cast<int>(random() % 100000)));
+      // The exact bearings have the fewest digits nearly due north and south of the home station.
+      for (int i = 18; i < 150; ++i)
+        for (int j = 10000; j < 10800; ++j)
+          for (const int side : {-1, 1})
+            for (const int half : {-1, 1})
+              consider(GridRecord(kEasting + side * i, kNorthing + half * j));
+    } else {
+      for (int i = 0; i < 2'000'000; ++i) consider(LocatorRecord(over, random));
+    }
+    // A locator's place is exact, and its bearings hardly ever decided otherwise.
+    for (std::size_t i = 0; i < (form == kGrid ? 5 : 3); ++i) EXPECT_GE(found[i], 3) << i;
+    for (const auto& one : worst) records += "Limit~" + one.position + "\r\n";
+    Write(records);
+    Compare(homeAt, "decisions");
+    const std::string distance = NumberToText(worst[0].distance);
+    const std::string bearing = NumberToText(worst[1].bearing);
+    const Restriction runs[] = {{distance.c_str(), "99999", "0", "360", ""},
+                                {"0", distance.c_str(), "0", "360", ""},
+                                {"0", "99999", bearing.c_str(), "360", ""},
+                                {"0", "99999", "0", bearing.c_str(), ""}};
+    for (const Restriction& run : runs) {
+      const auto prepare = [&](Workspace& w) {
+        homeAt(w);
+        run.WriteTo(w.Tarnwick);
+      };
+      Compare(prepare, run.minimum);
+    }
+  }
+}
+
+// Where the bearings of a slightly shifted place differ: a few metres from the home station and
+// from its antipode, due north of it, and seen from close to a pole.
+TEST_F(Listing, IllConditionedBearingsTakeTheExactPath) {
+  const Rectangle over{400000, 200000, 100000, 100000};
+  std::mt19937 random(1);
+  std::string records;
+  std::string neighbours;
+  double lat = 0;
+  double lon = 0;
+  GridToWGS84(440000, 240000, lat, lon);
+  for (int i = 0; i < 400; ++i)
+    records += "Far~" +
+               GridRecord(400000 + static_cast<int>(random() % 100000),
+                          200000 + static_cast<int>(random() % 100000))
+                   .position +
+               "\r\n";
+  for (int i = 0; i < 20; ++i)
+    for (int j = 0; j < 20; ++j)
+      neighbours += "Near~SP" + std::to_string(39990 + i) + std::to_string(39990 + j) + "\r\n";
+  // The meridian of the home station between the exact and the approximate place.
+  const LocalPolynomials polynomials = PolynomialsOf(HomeStationAt(0, 0), over, kGrid);
+  const double between =
+      (lon + PlaceAt(HomeStationAt(0, 0), polynomials, kGrid, 440000, 240000).x) / 2;
+  const struct {
+    const char* what;
+    double lat, lon;
+  } homes[] = {{"near", lat, lon},
+               {"antipode", -lat, lon + 180},
+               {"north", lat - 1, between},
+               {"south", lat + 1, between},
+               {"pole", 89.999999999, 3}};
+  Write(records + neighbours);
+  for (const auto& home : homes) {
+    const auto prepare = [&](Workspace& w) {
+      w.BaseLat = home.lat;
+      w.BaseLong = home.lon;
+      w.Tarnwick.FromBearText.text = "270";  // through north, so that 0 is not near a limit
+      w.Tarnwick.ToBearText.text = "269.95";
+    };
+    EXPECT_GT(Compare(prepare, home.what), 700U);
+  }
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ install(TARGETS tarnwick RUNTIME DESTINATION .)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/README.txt ${resources}/README.txt @ONLY NEWLINE_STYLE WIN32)
 install(FILES ${resources}/README.txt DESTINATION .)
 # The program reads drive c: of its own folder where the real one has no such file.
-install(FILES data/Sites.dat DESTINATION drive_c/geog)
+install(FILES data/Sites.dat DESTINATION geog)
 if(TARNWICK_MANUAL)
   install(DIRECTORY ${TARNWICK_MANUAL}/ DESTINATION manual)
 endif()

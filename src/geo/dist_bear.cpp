@@ -21,32 +21,44 @@ double ACS(double x) {
   return Arctangent(std::sqrt(1 - x * x) / x) + quadrant;
 }
 
-void DistBear(Workspace& w) {
-  const double p1 = w.BaseLat / kDegreesPerRadian;
-  const double p2 = w.Lat / kDegreesPerRadian;
-  const double c = Sine(p1) * Sine(p2) +
-                   Cosine(p2) * Cosine(p1) * Cosine((w.BaseLong - w.Lon) / kDegreesPerRadian);
-  const double arc = std::fabs(c) < 1 ? ACS(c) : 0;
-  w.Dist = arc * kEarthRadius;
-  if (w.Dist < kOneMetre) {
-    w.Bearing = 0;
-    w.Backbearing = 0;
-    w.DistUncert = 0;
-    w.BearUncert = 0;
-    return;
-  }
-  // Rounding pushes a cosine beyond -1 or 1.
-  const double b1 =
-      std::clamp((Sine(p2) - Cosine(arc) * Sine(p1)) / (Sine(arc) * Cosine(p1)), -1.0, 1.0);
-  const double b2 =
-      std::clamp((Sine(p1) - Cosine(arc) * Sine(p2)) / (Sine(arc) * Cosine(p2)), -1.0, 1.0);
-  w.Bearing = ACS(b1) * kDegreesPerRadian;
-  w.Backbearing = ACS(b2) * kDegreesPerRadian;
-  if (w.Lon < w.BaseLong) w.Bearing = 360 - w.Bearing;
-  if (w.BaseLong < w.Lon) w.Backbearing = 360 - w.Backbearing;
+HomeStation HomeStationAt(double lat, double lon) {
+  const double p1 = lat / kDegreesPerRadian;
+  return {lat, lon, Sine(p1), Cosine(p1)};
+}
 
+DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, double lon) {
+  const double p2 = lat / kDegreesPerRadian;
+  const double sinLat = Sine(p2);
+  const double cosLat = Cosine(p2);
+  const double c =
+      home.sinLat * sinLat + cosLat * home.cosLat * Cosine((home.lon - lon) / kDegreesPerRadian);
+  const double arc = std::fabs(c) < 1 ? ACS(c) : 0;
+  DistanceAndBearings result;
+  result.distance = arc * kEarthRadius;
+  if (result.distance < kOneMetre) return result;
+  const double sinArc = Sine(arc);
+  const double cosArc = Cosine(arc);
+  // Rounding pushes a cosine beyond -1 or 1.
+  const double b1 = std::clamp((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat), -1.0, 1.0);
+  const double b2 = std::clamp((home.sinLat - cosArc * sinLat) / (sinArc * cosLat), -1.0, 1.0);
+  result.bearing = ACS(b1) * kDegreesPerRadian;
+  result.backbearing = ACS(b2) * kDegreesPerRadian;
+  if (lon < home.lon) result.bearing = 360 - result.bearing;
+  if (home.lon < lon) result.backbearing = 360 - result.backbearing;
+  return result;
+}
+
+void DistBear(Workspace& w) {
+  const auto [distance, bearing, backbearing] =
+      DistanceAndBearingsOf(HomeStationAt(w.BaseLat, w.BaseLong), w.Lat, w.Lon);
+  w.Dist = distance;
+  w.Bearing = bearing;
+  w.Backbearing = backbearing;
+  w.DistUncert = 0;
+  w.BearUncert = 0;
+  if (distance < kOneMetre) return;
   w.DistUncert = (w.Baseresolution + w.Resolution) * kShareOfCell;
-  w.BearUncert = (Arctangent(kShareOfCell * w.Resolution / w.Dist) +
-                  Arctangent(kShareOfCell * w.Baseresolution / w.Dist)) *
+  w.BearUncert = (Arctangent(kShareOfCell * w.Resolution / distance) +
+                  Arctangent(kShareOfCell * w.Baseresolution / distance)) *
                  kDegreesPerRadian;
 }

@@ -1,4 +1,4 @@
-// Distance and bearing from the home station to the current place, on a sphere.
+// Distance and bearing from the home station to a place, on a sphere.
 #pragma once
 
 #include "workspace/record/workspace.h"
@@ -9,13 +9,30 @@ inline constexpr double kEarthRadius = 6371.29;  // km
 // of 12 decimals (geo/angles.h), so it differs from std::acos in the last digits.
 double ACS(double x);
 
-// Computes the great-circle distance, bearing and back bearing by the spherical law of cosines, and
-// their uncertainty: either end may be off by 0.7 of the size of its cell. Never fails.
-// Reads   Lat, Lon, BaseLat, BaseLong (degrees); Resolution, Baseresolution (km)
-// Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees, bearings 0 to 360)
-// - Below one metre Bearing, Backbearing and both uncertainties are 0.
+// A home station, degrees, with the sine and the cosine of its latitude.
+struct HomeStation {
+  double lat = 0, lon = 0;
+  double sinLat = 0, cosLat = 1;
+};
+HomeStation HomeStationAt(double lat, double lon);
+
+struct DistanceAndBearings {
+  double distance = 0;     // km
+  double bearing = 0;      // degrees, 0 to 360, from the home station to the place
+  double backbearing = 0;  // degrees, 0 to 360, from the place to the home station
+};
+
+// Returns the great-circle distance and bearings of a place (degrees) by the spherical law of
+// cosines. Never fails:
+// - Below one metre both bearings are 0.
 // - At exact antipodes rounding decides: four of five pairs count as the same place (all results
-//   0), the others have the distance 20,015.998 km.
+//   are 0), the others have the distance 20,015.998 km.
 // - Only the longitudes as numbers decide between east and west, so a path across the 180th
 //   meridian gets the mirrored bearings.
+DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, double lon);
+
+// Computes the same for the current place, and the uncertainty: either end may be off by 0.7 of the
+// size of its cell. Below one metre both uncertainties are 0.
+// Reads   Lat, Lon, BaseLat, BaseLong (degrees); Resolution, Baseresolution (km)
+// Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees)
 void DistBear(Workspace& w);

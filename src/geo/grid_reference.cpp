@@ -1,7 +1,6 @@
 #include "geo/grid_reference.h"
 
-#include <cmath>
-#include <cstddef>
+#include <algorithm>
 
 #include "geo/national_grid.h"
 #include "workspace/values/number_text.h"
@@ -15,28 +14,40 @@ int LetterIndex(char letter) {
   const int index = static_cast<unsigned char>(letter) - 'A';
   return index > 'I' - 'A' ? index - 1 : index;
 }
-std::string LetterAt(int index) {
-  return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
+char LetterAt(int index) {
+  return CharFromCode(index < 'I' - 'A' ? 'A' + index : 'B' + index);
+}
+
+// Size in metres of one unit of the last of so many digits; 0 above 5 digits.
+int UnitOf(std::size_t digits) {
+  static constexpr int kUnits[] = {100000, 10000, 1000, 100, 10, 1};
+  return digits < 6 ? kUnits[digits] : 0;
+}
+
+// Half of a number, rounded to the even one between two.
+std::size_t HalfOf(std::size_t number) {
+  return (number + (number % 4 == 3)) / 2;
 }
 
 // One axis of a reference.
 struct AxisReference {
-  int square = 0;  // its column or row
-  std::string digits;
+  int square;  // its column or row
+  int units;   // from the edge of the square
 };
 
-// Rounds a coordinate, m, to the digits of a reference. A remainder that rounds up to a whole
-// square carries into the next square: 499,600 m in units of 1 km is 00 in the square after.
+// Rounds a coordinate, m, to the digits of a reference, a tie to the even one. A remainder that
+// rounds up to a whole square carries into the next square: 499,600 m in units of 1 km is 00 in the
+// square after.
 AxisReference RoundToReference(double coordinate, const GridPrecision& precision) {
-  int square = IntDivide(coordinate, kSquareSide);
-  int value = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
-  if (value >= precision.unitsPerSquare) {
-    value -= precision.unitsPerSquare;
-    ++square;
-  }
-  const std::string digits = std::to_string(value);
-  return {square,
-          std::string(static_cast<std::size_t>(precision.digits) - digits.size(), '0') + digits};
+  const int square = RoundToInt32(coordinate) / static_cast<int>(kSquareSide);
+  const int units = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
+  if (units < precision.unitsPerSquare) return {square, units};
+  return {square + 1, units - precision.unitsPerSquare};
+}
+
+// Overwrites `count` characters with a number that has at most so many digits.
+void WriteDigits(char* to, int count, int number) {
+  for (int i = count; i-- > 0; number /= 10) to[i] = static_cast<char>('0' + number % 10);
 }
 
 // Writes an easting and a northing, m, into EastNorth: "E: 531979 , N: 179607".
@@ -54,10 +65,10 @@ void SquareCorner(char firstLetter, char secondLetter, int& easting, int& northi
   northing = 1900000 - (first / 5) * 500000 - (second / 5) * 100000;
 }
 
-std::string SquareLetters(int column, int row) {
+std::array<char, 2> SquareLetters(int column, int row) {
   const int first = 'R' - 'A' - 5 * (row / 5) + column / 5;
   const int second = 5 * (4 - row % 5) + column % 5;
-  return LetterAt(first) + LetterAt(second);
+  return {LetterAt(first), LetterAt(second)};
 }
 
 GridPrecision PrecisionFor(double resolution) {
@@ -67,27 +78,44 @@ GridPrecision PrecisionFor(double resolution) {
   return {1000, 2, 100};
 }
 
-void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
-  const std::string letters = LeftOf(ngr, 2);
-  const std::string digits = MidOf(ngr, 3);
-  const double half = LengthOf(digits) / 2.0;
-  w.Tarnwick.OSMap.caption = letters + LeftOf(digits, 1) + MidOf(digits, RoundToInt32(half + 1), 1);
-  const int digitsPerHalf = RoundToInt16(half);
-  const double north = TextToNumber(MidOf(digits, digitsPerHalf + 1, digitsPerHalf));
-  const double east = TextToNumber(MidOf(digits, 1, digitsPerHalf));
-  const int unit = RoundToInt16(std::pow(10.0, 5 - digitsPerHalf));  // m; 0 above 5 digits
-
+void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution) {
+  const std::string_view digits = ngr.substr(2);
+  const std::size_t half = HalfOf(digits.size());
+  const double east = TextToNumber(digits.substr(0, half));
+  const double north = TextToNumber(digits.substr(std::min(half, digits.size()), half));
+  const int unit = UnitOf(half);
   int squareEasting = 0;
   int squareNorthing = 0;
   SquareCorner(ngr[0], ngr[1], squareEasting, squareNorthing);
-  const double easting = squareEasting + Finite(east * unit);
-  const double northing = squareNorthing + Finite(north * unit);
-  w.Resolution = unit == 0 ? kSquareSide / 1000 : unit / 1000.0;
-  ShowEastNorth(w, easting, northing);
+  easting = squareEasting + Finite(east * unit);
+  northing = squareNorthing + Finite(north * unit);
+  Resolution = unit == 0 ? kSquareSide / 1000 : unit / 1000.0;
+}
 
+void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
+  const std::string digits = MidOf(ngr, 3);
+  const int northStart = RoundToInt32(LengthOf(digits) / 2.0 + 1);
+  w.Tarnwick.OSMap.caption = LeftOf(ngr, 3) + MidOf(digits, northStart, 1);
+  double easting = 0;
+  double northing = 0;
+  NGRToGrid(ngr, easting, northing, w.Resolution);
+  ShowEastNorth(w, easting, northing);
   GridToWGS84(easting, northing, Lat, Lon);
   w.Tarnwick.Ydim.caption = FormatPicture(w.Resolution * 1000, "###m");
   w.Tarnwick.Xdim.caption = w.Tarnwick.Ydim.caption;
+}
+
+std::string GridReferenceOf(double easting, double northing, double resolution) {
+  const GridPrecision precision = PrecisionFor(resolution);
+  const AxisReference east = RoundToReference(easting, precision);
+  const AxisReference north = RoundToReference(northing, precision);
+  const std::array<char, 2> letters = SquareLetters(east.square, north.square);
+  std::string ngr(2 + 2 * static_cast<std::size_t>(precision.digits) + 1, ' ');
+  ngr[0] = letters[0];
+  ngr[1] = letters[1];
+  WriteDigits(ngr.data() + 2, precision.digits, east.units);
+  WriteDigits(ngr.data() + 2 + precision.digits + 1, precision.digits, north.units);
+  return ngr;
 }
 
 void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
@@ -103,10 +131,6 @@ void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
     return;
   }
   ShowEastNorth(w, easting, northing);
-  const GridPrecision precision = PrecisionFor(w.Resolution);
-  const AxisReference east = RoundToReference(easting, precision);
-  const AxisReference north = RoundToReference(northing, precision);
-  const std::string letters = SquareLetters(east.square, north.square);
-  ngr = letters + east.digits + " " + north.digits;
-  w.Tarnwick.OSMap.caption = letters + LeftOf(east.digits, 1) + LeftOf(north.digits, 1);
+  ngr = GridReferenceOf(easting, northing, w.Resolution);
+  w.Tarnwick.OSMap.caption = ngr.substr(0, 3) + ngr[ngr.find(' ') + 1];
 }

@@ -4,7 +4,10 @@
 // Britain".
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "workspace/record/workspace.h"
 
@@ -16,7 +19,7 @@ inline constexpr double kSquareSide = 100000;  // m
 void SquareCorner(char firstLetter, char secondLetter, int& easting, int& northing);
 
 // Returns the two letters of a square. Column and row count from 0 at the south-west square SV.
-std::string SquareLetters(int column, int row);
+std::array<char, 2> SquareLetters(int column, int row);
 
 // How fine the digits of a reference are.
 struct GridPrecision {
@@ -30,19 +33,27 @@ struct GridPrecision {
 GridPrecision PrecisionFor(double resolution);
 
 // Reads a grid reference: the south-west corner of the cell that it names.
-// In      ngr       upper case, no blanks: two letters, four digits, and anything after them. Each
-//                   half of the digits is read by TextToNumber, so nothing is refused. With 7
-//                   digits the easting takes 4 and the northing 3, in the same unit; with 5 or 9
-//                   the last digit is not read.
+// In   ngr                upper case, no blanks: two letters, four digits, and anything after them.
+//                         Each half of the digits is read by TextToNumber, so nothing is refused.
+//                         With 7 digits the easting takes 4 and the northing 3, in the same unit;
+//                         with 5 or 9 the last digit is not read.
+// Out  easting, northing  m, finite; off the grid for letters off the grid
+//      Resolution         km, side of the cell: 1, 0.1, 0.01, 0.001 for 2 to 5 digits in each half;
+//                         100 for more digits, which name the corner of the 100 km square
+void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution);
+
+// Reads a grid reference as NGRToGrid does.
 // Out     Lat, Lon  degrees on WGS84, always finite; off the grid for letters off the grid
-// Writes  Resolution (km, side of the cell: 1, 0.1, 0.01, 0.001 for 2 to 5 digits in each half; 100
-//         for more digits, which name the corner of the 100 km square), Ydim and Xdim (the same in
-//         metres), EastNorth (m), and the caption of OSMap (the letters and the first digit of each
-//         half, which name the 10 km square).
+// Writes  Resolution (km), Ydim and Xdim (the same in metres), EastNorth (m), and the caption of
+//         OSMap (the letters and the first digit of each half, which name the 10 km square).
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon);
 
-// Writes the grid reference of a place, with the digits of PrecisionFor(Resolution). The digits are
-// rounded; a rounding up to the edge of a square carries into the next square.
+// Returns the reference of a position on the grid, m, with the digits of PrecisionFor(resolution,
+// in km), such as "TQ3198 7961". The digits are rounded, a tie to the even one; a rounding up to
+// the edge of a square carries into the next square.
+std::string GridReferenceOf(double easting, double northing, double resolution);
+
+// Writes the grid reference of a place by GridReferenceOf.
 // In      LatIn, LonIn  degrees on WGS84
 // Out     ngr           such as "TQ3198 7961"; empty outside IsInGridBox; "Not valid" inside that
 //                       box but outside IsOnGrid

@@ -1,85 +1,81 @@
 #include "geo/local_polynomials.h"
 
-#include <cmath>
 #include <numbers>
 
 #include "geo/trigonometry.h"
 
 namespace {
 
-constexpr std::size_t kTerms = kPatchDegree + 1;
-using Polynomials = std::array<double, kTerms>;
+constexpr std::size_t kDegree = kPolynomialDegree;
+using Polynomials = std::array<double, kDegree + 1>;
 
-// The Chebyshev polynomials of degree 0 to kPatchDegree at t from -1 to 1.
+// The Chebyshev polynomials of degree 0 to kDegree at t from -1 to 1.
 Polynomials ChebyshevAt(double t) {
   Polynomials values{1, t};
-  for (std::size_t i = 2; i < kTerms; ++i) values[i] = 2 * t * values[i - 1] - values[i - 2];
+  for (std::size_t i = 2; i <= kDegree; ++i) values[i] = 2 * t * values[i - 1] - values[i - 2];
   return values;
 }
 
-// From -1 to 1 along one side.
-double Along(double start, double length, double at) {
+// From a place on a side of the rectangle to -1 to 1, and back.
+double ToUnit(double start, double length, double at) {
   return (at - start) * (2 / length) - 1;
 }
-
-// The place of t from -1 to 1.
-double PlaceOf(double start, double length, double t) {
+double FromUnit(double start, double length, double t) {
   return start + (t + 1) / 2 * length;
 }
 
-double Node(std::size_t i) {
-  return Cosine(std::numbers::pi * (static_cast<double>(i) + 0.5) / kTerms);
+// Extremum number `i` of the Chebyshev polynomial of a degree.
+double ExtremumAt(std::size_t i, std::size_t degree) {
+  return Cosine(std::numbers::pi * static_cast<double>(i) / static_cast<double>(degree));
 }
 
-void AddNode(Patch& patch, const PatchValues& values, double u, double v) {
+void AddPoint(LocalPolynomials& polynomials, const FunctionValues& values, double weight, double u,
+              double v) {
   const Polynomials inX = ChebyshevAt(u);
   const Polynomials inY = ChebyshevAt(v);
-  auto coefficient = patch.coefficients.begin();
-  for (std::size_t i = 0; i < kTerms; ++i) {
-    for (std::size_t j = 0; i + j < kTerms; ++j, ++coefficient) {
-      const double weight =
-          inX[i] * inY[j] * (i == 0 ? 1 : 2) * (j == 0 ? 1 : 2) / (kTerms * kTerms);
-      for (std::size_t k = 0; k < kPatchValues; ++k) (*coefficient)[k] += values[k] * weight;
+  auto coefficient = polynomials.coefficients.begin();
+  for (std::size_t i = 0; i <= kDegree; ++i) {
+    for (std::size_t j = 0; i + j <= kDegree; ++j, ++coefficient) {
+      const double norm = i == kDegree ? 1 : (i == 0 ? 1 : 2) * (j == 0 ? 1 : 2);
+      const double factor = weight * norm * inX[i] * inY[j];
+      for (std::size_t k = 0; k < values.size(); ++k) (*coefficient)[k] += values[k] * factor;
     }
   }
-}
-
-bool IsClose(const PatchValues& one, const PatchValues& other, const PatchValues& tolerances) {
-  for (std::size_t k = 0; k < kPatchValues; ++k)
-    if (!(std::fabs(one[k] - other[k]) <= tolerances[k] / 4)) return false;
-  return true;
 }
 
 }  // namespace
 
-bool MakePatch(Rectangle over, const PatchFunctions& functions, const PatchValues& tolerances,
-               Patch& patch) {
-  patch = {over, {}};
-  const auto at = [&](double u, double v) {
-    return functions(PlaceOf(over.x, over.width, u), PlaceOf(over.y, over.height, v));
-  };
-  for (std::size_t i = 0; i < kTerms; ++i)
-    for (std::size_t j = 0; j < kTerms; ++j) AddNode(patch, at(Node(i), Node(j)), Node(i), Node(j));
-  for (const double u : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
-    for (const double v : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
-      const PatchValues patched =
-          ValuesAt(patch, PlaceOf(over.x, over.width, u), PlaceOf(over.y, over.height, v));
-      if (!IsClose(patched, at(u, v), tolerances)) return false;
+LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions) {
+  LocalPolynomials polynomials{over};
+  constexpr double kFullWeight = 2.0 / (kDegree * (kDegree + 1));
+  for (std::size_t i = 0; i <= kDegree; ++i) {
+    const double u = ExtremumAt(i, kDegree);
+    for (std::size_t j = i % 2; j <= kDegree + 1; j += 2) {
+      const double v = ExtremumAt(j, kDegree + 1);
+      double weight = kFullWeight;  // half of it on a side, a quarter in a corner
+      if (i == 0 || i == kDegree) weight /= 2;
+      if (j == 0 || j == kDegree + 1) weight /= 2;
+      const FunctionValues values =
+          functions(FromUnit(over.x, over.width, u), FromUnit(over.y, over.height, v));
+      AddPoint(polynomials, values, weight, u, v);
     }
   }
-  return true;
+  return polynomials;
 }
 
-PatchValues ValuesAt(const Patch& patch, double x, double y) {
-  const Polynomials inX = ChebyshevAt(Along(patch.over.x, patch.over.width, x));
-  const Polynomials inY = ChebyshevAt(Along(patch.over.y, patch.over.height, y));
-  PatchValues sum{};
-  auto coefficient = patch.coefficients.begin();
-  for (std::size_t i = 0; i < kTerms; ++i) {
-    for (std::size_t j = 0; i + j < kTerms; ++j, ++coefficient) {
-      const double product = inX[i] * inY[j];
-      for (std::size_t k = 0; k < kPatchValues; ++k) sum[k] += (*coefficient)[k] * product;
-    }
+FunctionValues ValuesAt(const LocalPolynomials& polynomials, double x, double y) {
+  const Rectangle& over = polynomials.over;
+  const Polynomials inX = ChebyshevAt(ToUnit(over.x, over.width, x));
+  const Polynomials inY = ChebyshevAt(ToUnit(over.y, over.height, y));
+  FunctionValues sum{};
+  auto coefficient = polynomials.coefficients.begin();
+#pragma GCC unroll 8
+  for (std::size_t i = 0; i <= kDegree; ++i) {
+    FunctionValues inner{};  // the sum over y
+#pragma GCC unroll 8
+    for (std::size_t j = 0; i + j <= kDegree; ++j, ++coefficient)
+      for (std::size_t k = 0; k < sum.size(); ++k) inner[k] += (*coefficient)[k] * inY[j];
+    for (std::size_t k = 0; k < sum.size(); ++k) sum[k] += inner[k] * inX[i];
   }
   return sum;
 }

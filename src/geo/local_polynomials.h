@@ -1,38 +1,37 @@
 // Smooth functions over a rectangle as polynomials, for work on many places that lie close
-// together: a patch takes as long to make as a hundred places by the plain formulas, and then a
-// hundredth of their time for each. Chebyshev interpolation; source: L. N. Trefethen,
-// "Approximation Theory and Approximation Practice", chapters 3 and 4.
+// together: the polynomials take as long to make as 15 calls of the functions, and then a small
+// part of one call for each place.
+//
+// Interpolation at the Padua points in Chebyshev polynomials; source: M. Caliari, S. De Marchi,
+// M. Vianello, "Bivariate Lagrange interpolation at the Padua points: computational aspects",
+// J. Comput. Appl. Math. 221 (2008).
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <functional>
 
-// The functions that a patch approximates side by side.
-inline constexpr std::size_t kPatchValues = 6;
-// Their values at one place, or what belongs to each of them.
-using PatchValues = std::array<double, kPatchValues>;
-using PatchFunctions = std::function<PatchValues(double x, double y)>;
-
-// The rectangle over which a patch holds.
-struct Rectangle {
-  double x = 0, y = 0, width = 0, height = 0;  // x and y of its lower left corner
-};
-
 // Of the polynomials, in x and y together.
-inline constexpr std::size_t kPatchDegree = 5;
+inline constexpr std::size_t kPolynomialDegree = 4;
 
-// The polynomials that stand for the functions over a rectangle.
-struct Patch {
-  Rectangle over;
-  // Of the products of Chebyshev polynomials in x and y, by the degree in x and then in y, up to
-  // kPatchDegree in both together.
-  std::array<PatchValues, (kPatchDegree + 1) * (kPatchDegree + 2) / 2> coefficients;
+// The values of all functions at one place; an even number of them fills vector registers.
+using FunctionValues = std::array<double, 6>;
+using Functions = std::function<FunctionValues(double x, double y)>;
+
+struct Rectangle {
+  double x = 0, y = 0;  // the lower left corner
+  double width = 0, height = 0;
 };
 
-// False if some value is off by more than a quarter of its tolerance in one of 25 places: the rest
-// that a polynomial of this degree leaves is largest, or close to it, in these.
-[[nodiscard]] bool MakePatch(Rectangle over, const PatchFunctions& functions,
-                             const PatchValues& tolerances, Patch& patch);
+struct LocalPolynomials {
+  Rectangle over;
+  // Of the products of Chebyshev polynomials, by the degree in x and then in y.
+  std::array<FunctionValues, (kPolynomialDegree + 1) * (kPolynomialDegree + 2) / 2> coefficients{};
+};
+
+// The polynomials that agree with the functions at the Padua points of a rectangle. How close they
+// are elsewhere depends on the functions; the caller must know it.
+LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions);
 
 // The values at a place in the rectangle.
-PatchValues ValuesAt(const Patch& patch, double x, double y);
+FunctionValues ValuesAt(const LocalPolynomials& polynomials, double x, double y);

@@ -1,7 +1,7 @@
 #include "geo/locator.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "geo/angles.h"
 #include "geo/trigonometry.h"
@@ -20,23 +20,43 @@ constexpr double kHalfCellLat = 0.000086;
 
 // The number, from 0, of the character at a position that counts from 1.
 int LetterAt(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - 'A';
+  return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
 int DigitAt(std::string_view lc, std::size_t position) {
-  return CodeOf(lc.substr(position - 1)) - '0';
+  return static_cast<unsigned char>(lc[position - 1]) - '0';
 }
 
-// The numbers of the five characters that divide an axis of 18 fields of 10 units. On which side a
-// place on the edge of a cell falls depends on the order of this arithmetic.
-std::array<int, 5> DivideAxis(double axis) {
-  std::array<int, 5> numbers{FloorToInt16(axis / 10)};
-  double rest = axis - 10 * numbers[0];
-  std::size_t i = 0;
-  for (const double cellsPerUnit : {1, 24, 240, 5760}) {
-    numbers[++i] = FloorToInt16(rest * cellsPerUnit);
-    rest -= numbers[i] / cellsPerUnit;
+constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
+
+// Writes the characters of one axis as WriteAxis does. The order of the steps decides on which side
+// a place on the edge of a cell falls.
+void WriteAxisByStep(double axis, char* at) {
+  const int field = FloorToInt16(axis / 10);
+  double rest = axis - 10 * field;
+  char first = 'A';
+  *at = CharFromCode(first + field);
+  for (const double cellsPerUnit : {1.0, 24.0, 240.0, kCells}) {
+    const int number = FloorToInt16(rest * cellsPerUnit);
+    rest -= number / cellsPerUnit;
+    first = first == 'A' ? '0' : 'A';
+    *(at += 2) = CharFromCode(first + number);
   }
-  return numbers;
+}
+
+// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
+// The number of the smallest cell is enough for them where rounding cannot lead to another cell.
+void WriteAxis(double axis, char* at) {
+  constexpr double kMargin = 1e-6;
+  const double cells = axis * kCells;
+  if (!(cells >= 0 && cells < 180 * kCells)) return WriteAxisByStep(axis, at);
+  auto rest = static_cast<std::uint32_t>(static_cast<std::int32_t>(cells));
+  const double inCell = cells - rest;
+  if (inCell < kMargin || inCell > 1 - kMargin) return WriteAxisByStep(axis, at);
+  at[8] = static_cast<char>('A' + rest % 24);
+  at[6] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[4] = static_cast<char>('A' + (rest /= 10) % 24);
+  at[2] = static_cast<char>('0' + (rest /= 24) % 10);
+  at[0] = static_cast<char>('A' + rest / 10);
 }
 
 }  // namespace
@@ -56,14 +76,9 @@ void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resol
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {
-  const std::array<int, 5> lat = DivideAxis(Lat + 90);
-  const std::array<int, 5> lon = DivideAxis((Lon + 180) / 2);
-  lc.clear();
-  for (std::size_t i = 0; i < lat.size(); ++i) {
-    const char first = "A0A0A"[i];
-    lc += CharOf(first + lon[i]);
-    lc += CharOf(first + lat[i]);
-  }
+  lc.resize(10);
+  WriteAxis((Lon + 180) / 2, lc.data());
+  WriteAxis(Lat + 90, lc.data() + 1);
 }
 
 void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {

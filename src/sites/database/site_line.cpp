@@ -1,6 +1,7 @@
 #include "sites/database/site_line.h"
 
 #include <algorithm>
+#include <array>
 
 SiteLine SplitSiteLine(std::string_view line) {
   const std::size_t first = line.find('~');
@@ -12,8 +13,13 @@ SiteLine SplitSiteLine(std::string_view line) {
 // Any nine characters in a row include one at an index of 8 modulo 9, so most lines are cleared by
 // looking at every ninth character.
 bool HasEndMarker(std::string_view line) {
+  static constexpr std::array<bool, 256> kOfMarker = [] {
+    std::array<bool, 256> isOfMarker{};
+    isOfMarker['E'] = isOfMarker['N'] = isOfMarker['D'] = true;
+    return isOfMarker;
+  }();
   bool suspect = false;
   for (std::size_t i = 8; i < line.size(); i += 9)
-    suspect |= line[i] == 'E' || line[i] == 'N' || line[i] == 'D';
+    suspect |= kOfMarker[static_cast<unsigned char>(line[i])];
   return suspect && line.find("ENDENDEND") != std::string_view::npos;
 }

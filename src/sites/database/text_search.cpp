@@ -10,19 +10,11 @@ unsigned char Code(char c) {
   return static_cast<unsigned char>(c);
 }
 
-// UpperOf of every character, by its code.
-const std::array<char, 256> kUpper = [] {
-  std::array<char, 256> upper;
-  for (std::size_t code = 0; code < upper.size(); ++code)
-    upper[code] = UpperOf(static_cast<char>(code));
-  return upper;
-}();
-
 // Both cases of a capital differ in the bits of fold.
 MaskedByte TestFor(char capital) {
   MaskedByte test;
-  for (std::size_t code = 0; code < kUpper.size(); ++code)
-    if (kUpper[code] == capital) test.fold |= static_cast<unsigned char>(code ^ Code(capital));
+  for (std::size_t code = 0; code < kCapitals.size(); ++code)
+    if (kCapitals[code] == capital) test.fold |= static_cast<unsigned char>(code ^ Code(capital));
   test.value = Code(capital) | test.fold;
   return test;
 }
@@ -55,7 +47,7 @@ CaseBlindText::CaseBlindText(std::string_view text)
   for (std::size_t i = 0; i + 1 < upper.size(); ++i)
     byCapital[Code(upper[i])] = upper.size() - 1 - i;
   for (std::size_t code = 0; code < shift.size(); ++code) {
-    const char capital = kUpper[code];
+    const char capital = kCapitals[code];
     shift[code] = byCapital[Code(capital)];
     ends[code] = !upper.empty() && capital == upper.back();
   }
@@ -75,5 +67,5 @@ bool Matches(std::string_view line, const CaseBlindText& sought) {
 bool BeginsWith(std::string_view rest, const CaseBlindText& sought) {
   return rest.size() >= sought.upper.size() &&
          std::equal(sought.upper.begin(), sought.upper.end(), rest.begin(),
-                    [](char u, char c) { return u == kUpper[Code(c)]; });
+                    [](char u, char c) { return u == UpperOf(c); });
 }

@@ -1,60 +1,45 @@
-// Rows of a listing without the plain engine. Most records of a large database lie in squares with
-// many others: for such a square the engine's formulas are turned into patches (geo/patch.h), and a
-// record then takes a few polynomials and the writing of its digits. What is printed is the same to
-// the last digit: a value that lies too near a decision (the edge of a cell, a tie of the rounding,
-// a limit of the run) for the patch's tolerance is left to the plain engine, as is every record
-// that is not plainly a grid reference or a locator. The test compares both, byte for byte.
+// Rows of a listing in a quarter of the plain engine's time. For squares with many records the
+// accelerator takes the numbers, coordinates, distance and bearings, from polynomials. Everything
+// else, from reading a reference to writing the row, is done by the plain engine's own procedures.
+// Where the exact number could fall on the other side of a decision (the edge of a locator's cell,
+// a tie of a rounding, a limit of the run), the caller uses the exact path, so the listing is the
+// same to the last digit. The tests compare both, byte for byte.
 //
-// Nobody reads the workspace before the end of a run, so it is brought up to date only then, or
-// before the plain engine is asked.
+// Nobody reads the workspace before the end of a run. The last record that was listed or dropped by
+// the accelerator is kept, and decoded into the workspace only when its state is needed.
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
-#include "geo/local_polynomials.h"
+#include "sites/listing/approximate_place.h"
 #include "sites/listing/listing_row.h"
 
-// A lettered square of the grid, or one of 2 by 1 degrees that the first four characters of a
-// locator name.
-struct FastSquare {
-  int records = 0;               // so far
-  std::unique_ptr<Patch> patch;  // once it is worth its while
-  double nearest = 0;            // km from the home station, of any place in it, to either side
-  double farthest = 0;
-  bool onGrid = false;  // all of it, if it is one of a locator
-};
-
-// A record that the plain engine has yet to see.
-struct PendingRecord {
-  bool pending = false;
-  std::string line{};
+// A lettered square of the National Grid, or a square of 2 by 1 degrees.
+struct AcceleratedSquare {
+  int recordCount = 0;    // until there are enough for the polynomials
+  bool isOnGrid = false;  // every place of it; known from the first record on
+  std::unique_ptr<LocalPolynomials> polynomials;
+  double nearest = 0, farthest = 0;  // km, bounds on the distance of its places from home
 };
 
 // What a run keeps from record to record.
-struct FastRows {
+struct ListingAccelerator {
   const Limits& limits;
-  double homeLat = 0, homeLon = 0;       // degrees
-  double sinHome = 0, cosHome = 1;       // of the latitude
-  double cosBeyond = -1;                 // of an arc that is surely too long to be listed
-  std::vector<std::uint16_t> numbers{};  // of all the squares there could be; 0 for one not met yet
-  std::vector<FastSquare> squares{};     // those met, by number, from 1
-  int patches = 0;
-  PendingRecord shown{};  // the last that writes EastNorth and the caption of OSMap
-  PendingRecord last{};   // the last of all, if it is behind that
-  std::string row{};
+  HomeStation home;
+  std::vector<AcceleratedSquare> letteredSquares, degreeSquares;
+  std::string deferred{};  // the line of the last record that the workspace has not seen, or empty
 };
 
-// For a run from the home station of the workspace; nothing is worked out yet. The limits must
-// outlive it.
-FastRows FastRowsFor(const Workspace& w, const Limits& limits);
+// An accelerator for a run from the home station of the workspace. The limits must outlive it.
+ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits);
 
-// What becomes of a record.
-enum class RowVerdict { Unknown, Dropped, Listed };
+enum class RowOutcome { NeedsExactPath, Dropped, Listed };
 
-// Whether the record is listed; its row is then in `row`. Unknown: ask the plain engine, after
-// CatchUp.
-RowVerdict FastRow(FastRows& fast, std::string_view line, const SiteLine& site);
+// Appends the row of a record to `text` if the record passes the limits. NeedsExactPath: the caller
+// must run ReplayDeferred and DecodeRecord.
+RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text);
 
-// Brings the workspace and the columns to where the plain engine would have them.
-void CatchUp(FastRows& fast, Workspace& w, Columns& columns);
+// Brings the workspace and the columns to the state in which the plain engine would have left them.
+void ReplayDeferred(ListingAccelerator& fast, Workspace& w, Columns& columns);

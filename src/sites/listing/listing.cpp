@@ -23,9 +23,14 @@ void Flush(ListingFile& out) {
   out.pending.clear();
 }
 
-void WriteLine(ListingFile& out, std::string_view line) {
-  out.pending.append(line).append("\r\n");
+void EndLine(ListingFile& out) {
+  out.pending += "\r\n";
   if (out.pending.size() >= kWriteSize) Flush(out);
+}
+
+void WriteLine(ListingFile& out, std::string_view line) {
+  out.pending += line;
+  EndLine(out);
 }
 
 // Whether everything reached the file.
@@ -57,28 +62,29 @@ void WriteHeader(Workspace& w, const Limits& limits, ListingFile& out) {
 }
 
 void WriteRows(Workspace& w, const Limits& limits, ListingFile& out) {
-  FastRows fast = FastRowsFor(w, limits);
+  ListingAccelerator fast = AcceleratorFor(w, limits);
+  SiteRecord record;
   Columns columns;
   std::int32_t rows = 0;
   std::string_view line;
   while (!out.failed && ReadLine(w.database, line)) {
     const SiteLine site = SplitSiteLine(line);
     if (!site.isRecord) continue;
-    RowVerdict verdict = FastRow(fast, line, site);
-    if (verdict == RowVerdict::Unknown) {
-      CatchUp(fast, w, columns);
-      DecodeRecord(w, line, site, columns);
-      if (Passes(w, limits)) {
-        fast.row = RowOf(w, columns);
-        verdict = RowVerdict::Listed;
-      }
+    ReadRecord(line, site, record);
+    RowOutcome outcome = TryFastRow(fast, record, out.pending);
+    if (outcome == RowOutcome::NeedsExactPath) {
+      ReplayDeferred(fast, w, columns);
+      DecodeRecord(w, record, columns);
+      const ListingRow row = RowOf(w, columns);
+      if (!Passes(row, limits)) continue;
+      AppendRow(out.pending, row);
+    } else if (outcome == RowOutcome::Dropped) {
+      continue;
     }
-    if (verdict != RowVerdict::Listed) continue;
-    ++rows;
-    WriteLine(out, fast.row);
-    if (rows % 10 == 0) WriteLine(out, "");
+    EndLine(out);
+    if (++rows % 10 == 0) EndLine(out);
   }
-  CatchUp(fast, w, columns);
+  ReplayDeferred(fast, w, columns);
 }
 
 // Writes the file; false if it can't be created, is the database itself, or lost a write.

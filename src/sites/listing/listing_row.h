@@ -2,23 +2,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
+#include "geo/dist_bear.h"
 #include "sites/database/site_line.h"
 #include "sites/database/text_search.h"
+#include "workspace/commands/classify_input.h"
 #include "workspace/record/workspace.h"
 
 inline constexpr std::size_t kRowLength = 132;  // characters
-inline constexpr std::size_t kNameLength = 46;  // of a name, in a row
-
-// Where the items of a row stand, counted from 1.
-inline constexpr std::size_t kNameColumn = 1;
-inline constexpr std::size_t kLocatorColumn = 48;
-inline constexpr std::size_t kGridReferenceColumn = 60;
-inline constexpr std::size_t kBearingColumn = 74;
-inline constexpr std::size_t kBackbearingColumn = 81;
-inline constexpr std::size_t kDegreesColumn = 89;
-inline constexpr std::size_t kDistanceColumn = 96;
-inline constexpr std::size_t kKilometresColumn = 103;
 
 // The limits of a run, read once.
 struct Limits {
@@ -26,8 +18,20 @@ struct Limits {
   double from, to;          // degrees; from above to is the sector through north
   CaseBlindText name;
 };
-// Read from the fields of the listing layout; a text that is no number counts as 0.
+
+// Reads the limits from the fields of the listing layout; a text that is no number counts as 0.
 Limits LimitsOf(const MainWindow& main);
+
+// A record as the decoders read it.
+struct SiteRecord {
+  std::string_view line;  // name and position
+  std::string_view name;
+  std::string position;        // upper case; without blanks if it is a reference
+  InputKind kind = kSiteName;  // as ClassifyInput says; kSiteName for a line with the end marker
+};
+
+// Reads a line that has been split into `record`. Line and name are views.
+void ReadRecord(std::string_view line, const SiteLine& site, SiteRecord& record);
 
 // The texts of the two reference columns, kept from record to record.
 struct Columns {
@@ -35,15 +39,26 @@ struct Columns {
   std::string gridReference;
 };
 
-// Decodes a record into the workspace, whether or not it is listed then. One without a place keeps
-// the place before and has empty columns; a latitude and longitude is not decoded at all.
-void DecodeRecord(Workspace& w, std::string_view line, const SiteLine& site, Columns& columns);
+// Decodes a record into the workspace and the columns, whether or not it is listed then. A record
+// without a place keeps the previous place and has empty columns; the position of one of kind
+// kLatLong is not decoded at all, and the columns stay as well.
+void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns);
 
-// Whether a bearing lies in the sector, its edges included; one without width holds none.
-bool InSector(double bearing, double from, double to);
+// What a row shows.
+struct ListingRow {
+  std::string_view name, locator, gridReference;
+  DistanceAndBearings figures;
+};
 
-// Whether the record decoded last is listed.
-bool Passes(const Workspace& w, const Limits& limits);
+// The row of the record decoded last. Its texts are views into the workspace and the columns.
+ListingRow RowOf(const Workspace& w, const Columns& columns);
 
-// Its row, without the line end.
-std::string RowOf(const Workspace& w, const Columns& columns);
+// Whether a distance and a bearing lie within the limits, edges included; a sector whose edges are
+// equal contains no bearing.
+bool IsWithin(const Limits& limits, const DistanceAndBearings& figures);
+
+// Whether a row is listed: by its name, distance and bearing.
+bool Passes(const ListingRow& row, const Limits& limits);
+
+// Appends a row of kRowLength characters, without a line end.
+void AppendRow(std::string& text, const ListingRow& row);

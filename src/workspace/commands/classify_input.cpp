@@ -1,5 +1,7 @@
 #include "workspace/commands/classify_input.h"
 
+#include <string_view>
+
 #include "workspace/values/number_text.h"
 #include "workspace/values/strings.h"
 
@@ -14,11 +16,11 @@ bool IsLetter(char c) {
 void ClassifyInput(std::string& text, InputKind& kind) {
   kind = kSiteName;
   if (text.size() < 5) return;
-  if (TextToNumber(LeftOf(text, 4)) > 0) {
-    kind = kLatLong;
+  if (!IsLetter(text[0])) {
+    if (TextToNumber(std::string_view(text).substr(0, 4)) > 0) kind = kLatLong;
     return;
   }
-  if (!IsLetter(text[0]) || !IsLetter(text[1]) || !IsDigit(text[2]) || !IsDigit(text[3])) return;
+  if (!IsLetter(text[1]) || !IsDigit(text[2]) || !IsDigit(text[3])) return;
   std::erase(text, ' ');
   if (text.size() < 6) return;
   if (IsDigit(text[4]) && IsDigit(text[5])) kind = kGridReference;

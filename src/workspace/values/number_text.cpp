@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 #include <system_error>
 
 #include "workspace/values/rounding.h"
@@ -32,28 +34,94 @@ Decimal DecimalOf(double size, int significant) {
   return decimal;
 }
 
-// Keeps the digits down to the place 10^-places, a tie going away from zero.
-void RoundAt(Decimal& decimal, int places) {
+// The digits of size * 10^places, rounded to a whole number as AppendPicture says; empty for 0.
+std::string ExactDigits(double size, int places) {
+  Decimal decimal = DecimalOf(size, 15);
   const int kept = decimal.exponent + 1 + places;
-  if (kept >= static_cast<int>(decimal.digits.size())) return;
-  if (kept < 0) {
-    decimal = {"0", 0};
-    return;
-  }
+  if (kept < 0) return {};
   const auto keep = static_cast<std::size_t>(kept);
-  const bool up = decimal.digits[keep] >= '5';
-  decimal.digits.resize(keep);
+  std::string& digits = decimal.digits;
+  const bool up = keep < digits.size() && digits[keep] >= '5';
+  digits.resize(keep, '0');
   if (up) {
     std::size_t at = keep;
-    while (at > 0 && decimal.digits[at - 1] == '9') decimal.digits[--at] = '0';
-    if (at > 0) {
-      ++decimal.digits[at - 1];
-    } else {
-      decimal.digits.insert(decimal.digits.begin(), '1');
-      ++decimal.exponent;
-    }
+    while (at > 0 && digits[at - 1] == '9') digits[--at] = '0';
+    if (at > 0)
+      ++digits[at - 1];
+    else
+      digits.insert(0, 1, '1');
   }
-  if (decimal.digits.empty()) decimal = {"0", 0};
+  digits.erase(0, digits.find_first_not_of('0'));
+  return digits;
+}
+
+// size * 10^places, rounded to a whole number; nothing if it is large or so close to a tie that the
+// cut to 15 significant digits, which moves it by at most 5e-15 of its size, could matter.
+std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places) {
+  static constexpr double kPowersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+  constexpr double kMargin = 1e-13;
+  if (places >= std::size(kPowersOfTen)) return {};
+  const double scaled = size * kPowersOfTen[places];
+  if (!(scaled < 2e9)) return {};
+  const auto whole = static_cast<std::int32_t>(scaled);
+  const double fraction = scaled - whole;
+  if (std::fabs(fraction - 0.5) <= scaled * kMargin) return {};
+  return static_cast<std::uint32_t>(whole) + (fraction > 0.5);
+}
+
+std::size_t DigitCount(std::uint32_t number) {
+  static constexpr std::uint32_t kPowersOfTen[] = {1,      10,        100,        1'000,       10'000,
+                                            100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
+  std::size_t count = 0;
+  while (count < std::size(kPowersOfTen) && number >= kPowersOfTen[count]) ++count;
+  return count;
+}
+
+// Two sources of digits, the last one first, with zeros in front of them: a number and a text.
+struct NumberDigits {
+  std::uint32_t number;
+  std::size_t Count() const { return DigitCount(number); }
+  char Last() const { return static_cast<char>('0' + number % 10); }
+  void DropLast() { number /= 10; }
+};
+struct TextDigits {
+  std::string_view text;
+  std::size_t Count() const { return text.size(); }
+  char Last() const { return text.empty() ? '0' : text.back(); }
+  void DropLast() { text.remove_suffix(text.empty() ? 0 : 1); }
+};
+
+// Writes a rounded number as PutPicture does: `digits` down to the last fraction place.
+template <class Digits>
+void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
+               const Picture& picture) {
+  const std::size_t count = digits.Count();
+  minus = minus && count > 0;
+  std::size_t places = picture.fractionPlaces;
+  const std::size_t wholePlaces = std::max(count, places + picture.wholeZeros) - places;
+  for (; places > picture.fractionZeros && digits.Last() == '0'; --places) digits.DropLast();
+  const std::size_t length =
+      minus + picture.head.size() + wholePlaces + picture.point + places + picture.tail.size();
+  if (text.size() < at + length) text.resize(at + length);
+
+  char* to = text.data() + at;
+  if (minus) *to++ = '-';
+  for (const char c : picture.head) *to++ = c;
+  char* end = to + wholePlaces + picture.point + places;
+  char* digit = end;
+  for (; places > 0; --places, digits.DropLast()) *--digit = digits.Last();
+  if (picture.point) *--digit = '.';
+  for (; digit != to; digits.DropLast()) *--digit = digits.Last();
+  for (const char c : picture.tail) *end++ = c;
+}
+
+// PutPicture by way of the 15 significant digits.
+[[gnu::noinline]] void PutExactly(std::string& text, std::size_t at, double number,
+                                  const Picture& picture) {
+  number = Finite(number);
+  const std::string digits =
+      ExactDigits(std::fabs(number), static_cast<int>(picture.fractionPlaces));
+  PutDigits(text, at, number < 0, TextDigits{digits}, picture);
 }
 
 // The digit that stands for 10^power.
@@ -61,32 +129,6 @@ char DigitAt(const Decimal& decimal, int power) {
   const int index = decimal.exponent - power;
   if (index < 0 || index >= static_cast<int>(decimal.digits.size())) return '0';
   return decimal.digits[static_cast<std::size_t>(index)];
-}
-
-// The parts of a picture.
-struct Picture {
-  std::string_view head, tail;
-  int wholeZeros = 0;  // whole digits printed even if 0
-  bool point = false;
-  int fractionPlaces = 0;  // the most fraction digits
-  int fractionZeros = 0;   // fraction digits printed even if 0
-};
-
-Picture PictureOf(std::string_view text) {
-  Picture picture;
-  std::size_t at = std::min(text.find_first_of("0#."), text.size());
-  picture.head = text.substr(0, at);
-  for (; at < text.size() && (text[at] == '0' || text[at] == '#'); ++at)
-    picture.wholeZeros += text[at] == '0';
-  if (at < text.size() && text[at] == '.') {
-    picture.point = true;
-    for (++at; at < text.size() && (text[at] == '0' || text[at] == '#'); ++at) {
-      ++picture.fractionPlaces;
-      if (text[at] == '0') picture.fractionZeros = picture.fractionPlaces;
-    }
-  }
-  picture.tail = text.substr(at);
-  return picture;
 }
 
 // The text of a number of at most `significant` digits, with an exponent where it would need more
@@ -110,6 +152,17 @@ std::string PlainText(double number, int significant) {
   if (lowest < 0) text += '.';
   for (int power = -1; power >= lowest; --power) text += DigitAt(decimal, power);
   return text;
+}
+
+// The number of a text of 1 to 15 digits, which a double holds exactly; nothing for other texts.
+std::optional<double> ShortWholeNumber(std::string_view text) {
+  if (text.empty() || text.size() > 15) return {};
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return {};
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
 }
 
 // A text is read from its front; blanks, tabs and line feeds count as not there.
@@ -155,45 +208,8 @@ int Exponent(std::string_view rest) {
   return negative ? -exponent : exponent;
 }
 
-}  // namespace
-
-std::string FormatPicture(double number, std::string_view pictureText) {
-  const Picture picture = PictureOf(pictureText);
-  number = Finite(number);
-  Decimal decimal = DecimalOf(std::fabs(number), 15);
-  RoundAt(decimal, picture.fractionPlaces);
-  const bool isZero = decimal.digits.find_first_not_of('0') == std::string::npos;
-
-  std::string text;
-  if (number < 0 && !isZero) text += '-';
-  text += picture.head;
-  const int wholeDigits = isZero ? 0 : decimal.exponent + 1;
-  for (int power = std::max(wholeDigits, picture.wholeZeros) - 1; power >= 0; --power)
-    text += DigitAt(decimal, power);
-  if (picture.point) text += '.';
-  int places = picture.fractionPlaces;
-  while (places > picture.fractionZeros && DigitAt(decimal, -places) == '0') --places;
-  for (int place = 1; place <= places; ++place) text += DigitAt(decimal, -place);
-  return text += picture.tail;
-}
-
-std::string FormatDate(std::chrono::year_month_day date, std::string_view picture) {
-  std::string text(picture);
-  const auto put = [&text](std::string_view places, unsigned number) {
-    const std::size_t at = text.find(places);
-    if (at == std::string::npos) return;
-    const std::string digits = std::to_string(number);
-    const std::size_t zeros = places.size() - std::min(places.size(), digits.size());
-    text.replace(at, places.size(), std::string(zeros, '0') + digits);
-  };
-  put("YYYY", static_cast<unsigned>(std::max(0, static_cast<int>(date.year()))));
-  put("mm", static_cast<unsigned>(date.month()));
-  put("dd", static_cast<unsigned>(date.day()));
-  return text;
-}
-
-double TextToNumber(std::string_view text) {
-  std::string_view rest = text;
+// The number at the front of any text. Kept out of line, so that short numbers need no stack.
+[[gnu::noinline]] double FrontNumber(std::string_view rest) {
   SkipBlanks(rest);
   if (Front(rest) == '&') {
     Next(rest);
@@ -202,6 +218,7 @@ double TextToNumber(std::string_view text) {
   const bool negative = Front(rest) == '-';
   if (negative || Front(rest) == '+') Next(rest);
 
+  if (!IsDigit(Front(rest)) && Front(rest) != '.') return 0;
   // "0.00ddd" for from_chars, leading zeros dropped, and the power of ten of the first digit.
   std::string digits = "0.";
   bool point = false;
@@ -227,6 +244,42 @@ double TextToNumber(std::string_view text) {
   const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
   if (read.ec == std::errc::result_out_of_range) number = power > 0 ? Finite(HUGE_VAL) : 0;
   return negative ? -number : number;
+}
+
+}  // namespace
+
+void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture) {
+  const auto rounded = RoundIfUnambiguous(std::fabs(number), picture.fractionPlaces);
+  if (rounded)
+    PutDigits(text, at, number < 0, NumberDigits{*rounded}, picture);
+  else
+    PutExactly(text, at, number, picture);
+}
+
+std::string FormatPicture(double number, std::string_view picture) {
+  std::string text;
+  PutPicture(text, 0, number, PictureOf(picture));
+  return text;
+}
+
+std::string FormatDate(std::chrono::year_month_day date, std::string_view picture) {
+  std::string text(picture);
+  const auto put = [&text](std::string_view places, unsigned number) {
+    const std::size_t at = text.find(places);
+    if (at == std::string::npos) return;
+    const std::string digits = std::to_string(number);
+    const std::size_t zeros = places.size() - std::min(places.size(), digits.size());
+    text.replace(at, places.size(), std::string(zeros, '0') + digits);
+  };
+  put("YYYY", static_cast<unsigned>(std::max(0, static_cast<int>(date.year()))));
+  put("mm", static_cast<unsigned>(date.month()));
+  put("dd", static_cast<unsigned>(date.day()));
+  return text;
+}
+
+double TextToNumber(std::string_view text) {
+  const std::optional<double> whole = ShortWholeNumber(text);
+  return whole ? *whole : FrontNumber(text);
 }
 
 std::string NumberToText(double number) {

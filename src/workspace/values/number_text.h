@@ -2,16 +2,46 @@
 // the locale, and nothing fails.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <string_view>
 
-// The text of a number under a picture such as "##0.0" or "0.00km / ": a literal head, whole-part
-// places, optionally a point and fraction places, a literal tail. `0` always prints a digit, `#`
-// only a digit that counts; all whole digits are printed however few the places. The number is
-// first written with 15 significant digits, and that decimal text is rounded at the last fraction
-// place, a tie going away from zero. A minus stands in front of the whole result; a value that
-// rounds to zero has none.
+// The parts of a picture such as "##0.0" or "0.00km / ": a literal head, whole-part places,
+// optionally a point and fraction places, a literal tail. `0` always prints a digit, `#` only a
+// digit that counts; all whole digits are printed however few the places.
+struct Picture {
+  std::string_view head, tail;
+  std::size_t wholeZeros = 0;      // whole digits printed even if 0
+  bool point = false;
+  std::size_t fractionPlaces = 0;  // the most fraction digits
+  std::size_t fractionZeros = 0;   // fraction digits printed even if 0
+};
+
+constexpr Picture PictureOf(std::string_view text) {
+  constexpr auto isPlace = [](char c) { return c == '0' || c == '#'; };
+  Picture picture;
+  std::size_t at = std::min(text.find_first_of("0#."), text.size());
+  picture.head = text.substr(0, at);
+  for (; at < text.size() && isPlace(text[at]); ++at) picture.wholeZeros += text[at] == '0';
+  if (at < text.size() && text[at] == '.') {
+    picture.point = true;
+    for (++at; at < text.size() && isPlace(text[at]); ++at) {
+      ++picture.fractionPlaces;
+      if (text[at] == '0') picture.fractionZeros = picture.fractionPlaces;
+    }
+  }
+  picture.tail = text.substr(at);
+  return picture;
+}
+
+// Writes the text of a number under a picture over the characters of `text` from position `at` on,
+// counted from 0; the text grows if it is too short. The number is first written with 15
+// significant digits, and that decimal text is rounded at the last fraction place, a tie going away
+// from zero. A minus stands in front of the whole result; a value that rounds to zero has none.
+void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture);
+
+// The same as a text of its own.
 std::string FormatPicture(double number, std::string_view picture);
 
 // A date under a picture in which YYYY, mm and dd stand for four-digit year, month and day.

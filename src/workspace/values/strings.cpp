@@ -25,21 +25,6 @@ int FindIn(int start, std::string_view text, std::string_view sought) {
   return at == std::string_view::npos ? 0 : static_cast<int>(at) + 1;
 }
 
-char UpperOf(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  if (code >= 'a' && code <= 'z') return static_cast<char>(code - 32);
-  switch (code) {
-    case 0x9A:  // s caron
-    case 0x9C:  // oe
-    case 0x9E:  // z caron
-      return static_cast<char>(code - 16);
-    case 0xFF:  // y diaeresis
-      return static_cast<char>(0x9F);
-    default:  // a grave to thorn, but for the division sign
-      return static_cast<char>(code >= 0xE0 && code <= 0xFE && code != 0xF7 ? code - 32 : code);
-  }
-}
-
 std::string UpperOf(std::string_view text) {
   std::string upper(text);
   for (char& c : upper) c = UpperOf(c);
@@ -52,9 +37,13 @@ std::int16_t CodeOf(std::string_view text) {
 }
 
 std::string CharOf(int code) {
-  return std::string(1, static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255))));
+  return std::string(1, CharFromCode(code));
 }
 
 std::string Blanks(int count) {
   return std::string(static_cast<std::size_t>(std::max(count, 0)), ' ');
+}
+
+void OverwriteAt(std::string& text, std::size_t at, std::string_view item) {
+  if (at < text.size()) item.copy(text.data() + at, text.size() - at);
 }

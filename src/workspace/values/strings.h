@@ -2,6 +2,9 @@
 // characters; positions count from 1, and 0 means absent. Nothing here fails.
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,10 +24,27 @@ std::string MidOf(std::string_view text, int start);
 // Position of the first exact occurrence of `sought` at or after `start`; 0 if there is none.
 int FindIn(int start, std::string_view text, std::string_view sought);
 
-// The text with every letter raised that has a capital in Windows-1252. The length never changes.
+// The capital of each character in Windows-1252, by its code; the character itself if it has none.
+inline constexpr std::array<char, 256> kCapitals = [] {
+  std::array<char, 256> capitals{};
+  for (std::size_t code = 0; code < 256; ++code) {
+    std::size_t capital = code;
+    if ((code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7))
+      capital = code - 32;  // a to z; a grave to thorn, but not the division sign
+    if (code == 0x9A || code == 0x9C || code == 0x9E) capital = code - 16;  // s caron, oe, z caron
+    if (code == 0xFF) capital = 0x9F;                                       // y diaeresis
+    capitals[code] = static_cast<char>(capital);
+  }
+  return capitals;
+}();
+
+// The capital of a character, and the text in capitals, which has the same length.
+inline char UpperOf(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  if (code < 'a') return character;  // digits and capitals, the usual case
+  return kCapitals[code];
+}
 std::string UpperOf(std::string_view text);
-// The same for one character.
-char UpperOf(char character);
 
 // 0 to 9, without regard to the locale.
 constexpr bool IsDigit(char c) {
@@ -35,7 +55,14 @@ constexpr bool IsDigit(char c) {
 std::int16_t CodeOf(std::string_view text);
 
 // One character; codes below 0 count as 0, codes above 255 as 255.
+inline char CharFromCode(int code) {
+  return static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255)));
+}
 std::string CharOf(int code);
 
 // `count` blanks; none for a count below 1.
 std::string Blanks(int count);
+
+// Writes `item` over the characters of `text` from index `at` on, counted from 0; what would lie
+// beyond the end of `text` is left out.
+void OverwriteAt(std::string& text, std::size_t at, std::string_view item);

@@ -1,0 +1,51 @@
+#!/bin/sh
+# Builds the program and its Debian package for small boards on another machine, in build/ARCH, and
+# runs the tests under emulation: cross.sh ARCH, where ARCH is arm64 (64-bit systems) or armhf
+# (32-bit systems on ARMv7 and later processors).
+# Where Qt for ARCH cannot be installed, the logic alone is built and tested, without a package, and
+# the exit status is 77.
+set -eu
+cd "$(dirname "$0")/.."
+
+arch=${1:-}
+case $arch in
+  arm64) emulator=qemu-aarch64-static libraries=/usr/aarch64-linux-gnu ;;
+  armhf) emulator=qemu-arm-static libraries=/usr/arm-linux-gnueabihf ;;
+  *) echo "usage: cross.sh arm64|armhf" >&2; exit 2 ;;
+esac
+build=build/$arch
+
+desktop=ON
+packaging/install.sh --target "$arch" run test package cross || {
+  desktop=OFF
+  # The libraries that come with the cross compiler.
+  export QEMU_LD_PREFIX=$libraries
+  packaging/install.sh run test
+  packaging/install.sh --target "$arch" cross
+}
+
+# configure SOURCE BUILD [CMAKE-OPTION...]
+configure() {
+  source=$1 binary=$2
+  shift 2
+  cmake -S "$source" -B "$binary" -G Ninja --toolchain "$PWD/packaging/cross/$arch.cmake" \
+    -DCMAKE_BUILD_TYPE=Release "$@"
+}
+googletest=$PWD/$build/googletest
+configure /usr/src/googletest "$googletest" -DBUILD_GMOCK=OFF \
+  -DCMAKE_INSTALL_PREFIX="$googletest/installed" -DCMAKE_INSTALL_LIBDIR=lib
+cmake --build "$googletest" --target install >/dev/null
+
+rm -f "$build"/tarnwick_*.deb
+configure . "$build" -DTARNWICK_DESKTOP="$desktop" -DTARNWICK_TESTS=ON -DTARNWICK_WERROR=ON \
+  -DGTest_DIR="$googletest/installed/lib/cmake/GTest" -DCMAKE_CROSSCOMPILING_EMULATOR="$emulator"
+cmake --build "$build"
+# The long tests are for the machine itself.
+env -u TARNWICK_DEEP ctest --test-dir "$build" --output-on-failure --parallel "$(nproc)" --timeout 600
+
+if [ "$desktop" = OFF ]; then
+  echo "Qt for $arch cannot be installed here: the logic alone was tested, no package was made." >&2
+  exit 77
+fi
+(cd "$build" && cpack)
+packaging/check_package.sh "$build"/tarnwick_*_"$arch".deb "$emulator"
