@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QMessageBox>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -41,9 +42,14 @@ class DesktopTest : public testing::Test {
   void InstallViewer(int exitCode) const {
     Write("xdg-open", "#!/bin/sh\nprintf '[%s]' \"$@\" >" + home_.filePath("arguments").toUtf8() +
                           "\nexit " + QByteArray::number(exitCode) + "\n");
-    QFile::setPermissions(home_.filePath("xdg-open"), QFile::ReadOwner | QFile::ExeOwner);
+    QFile::setPermissions(home_.filePath("xdg-open"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
   std::string In(const QString& name) const { return home_.filePath(name).toStdString(); }
+  // QEMU 7.2 refuses the call by which Qt starts programs (clone with CLONE_PIDFD).
+  static bool StartsNoPrograms() {
+    return qEnvironmentVariableIsSet("TARNWICK_EMULATED") && QProcess::execute("/bin/true") != 0;
+  }
 
   QTemporaryDir home_;
   const QByteArray path_ = qgetenv("PATH");
@@ -87,6 +93,7 @@ TEST_F(DesktopTest, AcceptsPathsAsTheyArePasted) {
 }
 
 TEST_F(DesktopTest, StartsTheViewerWithOneArgument) {
+  if (StartsNoPrograms()) GTEST_SKIP() << "the emulator starts no programs";
   Desktop desktop;
   const auto argumentOf = [&](const std::string& command) {
     QFile::remove(home_.filePath("arguments"));
@@ -105,6 +112,7 @@ TEST_F(DesktopTest, StartsTheViewerWithOneArgument) {
 
 // Once for each listing, and never for a map.
 TEST_F(DesktopTest, ReportsAViewerThatFails) {
+  if (StartsNoPrograms()) GTEST_SKIP() << "the emulator starts no programs";
   Desktop desktop;
   int failures = 0;
   bool busy = true;

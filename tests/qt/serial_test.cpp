@@ -212,8 +212,8 @@ class SerialProgram : public Serial {
   }
   void Open(const char* port) {
     Find<QPushButton>("UseNMEA")->click();
-    program_->setUp.findChild<QComboBox*>("CPort")->setEditText(port);
-    program_->setUp.findChild<QPushButton*>("Command1")->click();
+    program_->WindowOf(WindowName::SetUpCom).findChild<QComboBox*>("CPort")->setEditText(port);
+    program_->WindowOf(WindowName::SetUpCom).findChild<QPushButton*>("Command1")->click();
     EXPECT_EQ(Find<QPushButton>("UseNMEA")->text(), "Pause Real Time");
   }
   template <class Widget>
@@ -278,7 +278,7 @@ TEST_F(SerialProgram, GoesOnAfterAReceiverWasUnplugged) {
   auto* mode = Find<QPushButton>("UseNMEA");
   EXPECT_EQ(mode->text(), "Pause Real Time");
   mode->click();
-  EXPECT_TRUE(program_->setUp.isVisible());
+  EXPECT_TRUE(program_->WindowOf(WindowName::SetUpCom).isVisible());
   EXPECT_EQ(mode->text(), "Pause Real Time");
   mode->click();
   EXPECT_EQ(mode->text(), "Resume real time");

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/application.h"
 #include "sites/lookup/results.h"
+#include "workspace/events/listing_layout.h"
 #include "workspace/record/control_tables.h"
 
 namespace {
@@ -37,6 +39,9 @@ class Windows : public testing::Test {
     program_->Start(place);
   }
 
+  FramedWindow& Pointing() { return program_->WindowOf(WindowName::BearingCalc); }
+  FramedWindow& Results() { return program_->WindowOf(WindowName::ShowList); }
+  FramedWindow& PortSetUp() { return program_->WindowOf(WindowName::SetUpCom); }
   template <class Widget = QLineEdit>
   Widget* Find(const char* name, QWidget* in = nullptr) {
     auto* found = (in != nullptr ? in : &program_->mainWindow)->findChild<Widget*>(name);
@@ -62,6 +67,19 @@ class Windows : public testing::Test {
     QTest::mouseClick(Find<QPushButton>(name, in), Qt::LeftButton);
   }
 
+  void ListAndPick() {
+    program_->runner.Run([](Workspace& w) {
+      OpenResults(w);
+      w.ShowList.PR.items.Add("IO91WM");
+      w.ShowList.PR.items.Add("IO91WN");
+    });
+    Results().BringToFront();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Results()));
+    QTest::keyClick(Results().focusWidget(), Qt::Key_Down);
+    QTest::keyClick(Results().focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&program_->mainWindow));
+  }
+
   // Moves the frame of a window behind the back of its widget, as a window manager does.
   static void MoveByUser(FramedWindow& window, QPoint position) {
     QTest::qWait(1);
@@ -78,18 +96,18 @@ TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
   Enter();
   EXPECT_EQ(TextOf("NGRText"), "TQ30 82");
   EXPECT_EQ(Find("NGRText")->palette().color(QPalette::Text), QColor(255, 0, 0));
-  EXPECT_FALSE(program_->pointing.isVisible());
+  EXPECT_FALSE(Pointing().isVisible());
   Click("SetHome");
-  EXPECT_TRUE(program_->pointing.isVisible());
+  EXPECT_TRUE(Pointing().isVisible());
   Type("NN166712");
   Enter();
-  EXPECT_EQ(TextOf("BearText", &program_->pointing), "333.5");
+  EXPECT_EQ(TextOf("BearText", &Pointing()), "333.5");
   const auto* compass =
-      QAccessible::queryAccessibleInterface(Find<QWidget>("C", &program_->pointing));
+      QAccessible::queryAccessibleInterface(Find<QWidget>("C", &Pointing()));
   EXPECT_EQ(compass->role(), QAccessible::Graphic);
   EXPECT_EQ(compass->text(QAccessible::Name), "Bearing 333.5 degrees");
-  program_->pointing.close();
-  EXPECT_FALSE(program_->pointing.isVisible());
+  Pointing().close();
+  EXPECT_FALSE(Pointing().isVisible());
   Type(
       "51\xC2\xB0"
       "30'15\"N, 1\xC2\xB0"
@@ -97,7 +115,7 @@ TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
   Enter();
   EXPECT_EQ(TextOf("NGRText"), "SU51574 78620");
   Click("SetHome");
-  EXPECT_TRUE(program_->pointing.isVisible());
+  EXPECT_TRUE(Pointing().isVisible());
 }
 
 TEST_F(Windows, BringBackTheHomeStationAndThePlaceOnScreen) {
@@ -111,7 +129,7 @@ TEST_F(Windows, BringBackTheHomeStationAndThePlaceOnScreen) {
   EXPECT_EQ(TextOf("LocText"), "IO91WM44MM");
   EXPECT_EQ(program_->mainWindow.pos(), QPoint(120, 90));
   EXPECT_EQ(program_->w.Tarnwick.left, 1800);
-  EXPECT_TRUE(program_->pointing.isVisible());
+  EXPECT_TRUE(Pointing().isVisible());
 }
 
 TEST_F(Windows, UseThePlaceOfTheCommandLine) {
@@ -129,9 +147,10 @@ TEST_F(Windows, TakeEditsWhateverTheirSource) {
   EXPECT_EQ(program_->w.Tarnwick.InputText.text, "NN166712");
   Find("LocDatabase")->setText("/tmp/elsewhere.dat");
   EXPECT_EQ(program_->w.Tarnwick.LocDatabase.text, "/tmp/elsewhere.dat");
-  Find<QComboBox>("Baud", &program_->setUp)->setEditText("115200");
+  Find<QComboBox>("Baud", &PortSetUp())->setEditText("115200");
   EXPECT_EQ(program_->w.SetUpCom.Baud.text, "115200");
   // A command that brings back what was there before the edit shows it.
+  program_->runner.Run(GenList_Click);
   Find("MinDisttext")->setText("5");
   program_->runner.Run([](Workspace& w) {
     w.Tarnwick.MinDisttext.text = "0";
@@ -140,15 +159,18 @@ TEST_F(Windows, TakeEditsWhateverTheirSource) {
   EXPECT_EQ(TextOf("MinDisttext"), "0");
   QTest::keyClicks(Find("NGRText"), "1");
   EXPECT_EQ(TextOf("NGRText"), "") << "read-only";
-  EXPECT_EQ(Find<QComboBox>("Baud", &program_->setUp)->currentText(), "9600");
+  EXPECT_EQ(Find<QComboBox>("Baud", &PortSetUp())->currentText(), "9600");
 }
 
 TEST_F(Windows, PressTheDefaultButtonByEnterAndAFocusedOneBySpace) {
+  program_->mainWindow.BringToFront();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->mainWindow));
   Type("io91wm");
   QTest::keyClick(Find("LocDatabase"), Qt::Key_Enter);
   EXPECT_EQ(TextOf("LocText"), "IO91WM");
   auto* format = Find<QPushButton>("LLfmt");
   format->setFocus();
+  EXPECT_FALSE(Find<QPushButton>("FindIt")->isDefault()) << "it would look as if Enter pressed it";
   QTest::keyClick(format, Qt::Key_Return);
   EXPECT_EQ(program_->w.LLFormat, 1);
   QTest::keyClick(format, Qt::Key_Space);
@@ -157,8 +179,8 @@ TEST_F(Windows, PressTheDefaultButtonByEnterAndAFocusedOneBySpace) {
   EXPECT_EQ(program_->mainWindow.focusWidget(), format) << "a click leaves the focus alone";
   Find<QPushButton>("GenList")->setFocus();
   QTest::keyClick(Find<QPushButton>("GenList"), Qt::Key_Space);
-  EXPECT_EQ(program_->mainWindow.focusWidget()->objectName(), "InputText")
-      << "a button that goes must not leave Enter to the next one";
+  EXPECT_EQ(program_->mainWindow.focusWidget()->objectName(), "MinDisttext");
+  EXPECT_EQ(Find("MinDisttext")->selectedText(), "0");
   EXPECT_TRUE(Find<QPushButton>("MakeList")->isDefault());
   EXPECT_TRUE(Find<QPushButton>("MakeList")->isVisible());
   QTest::keyClick(Find("InputText"), Qt::Key_Escape);
@@ -212,6 +234,7 @@ TEST_F(Windows, TellOfAListingThatNoProgramOpens) {
 // Every control can be found and is described; a field is named by its label or by itself, the
 // live caption of a label or button by nothing else.
 TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
+  program_->runner.Run(GenList_Click);
   const auto check = [this](QWidget* window, auto& record) {
     EachControl(record, [&](const char* name, auto&) {
       auto* widget = Find<QWidget>(name, window);
@@ -228,9 +251,9 @@ TEST_F(Windows, DescribeEveryControlToAssistiveTools) {
     });
   };
   check(&program_->mainWindow, program_->w.Tarnwick);
-  check(&program_->pointing, program_->w.BearingCalc);
-  check(&program_->results, program_->w.ShowList);
-  check(&program_->setUp, program_->w.SetUpCom);
+  check(&Pointing(), program_->w.BearingCalc);
+  check(&Results(), program_->w.ShowList);
+  check(&PortSetUp(), program_->w.SetUpCom);
 }
 
 TEST_F(Windows, DescribeControlsByTheirTipsAlone) {
@@ -239,7 +262,7 @@ TEST_F(Windows, DescribeControlsByTheirTipsAlone) {
   EXPECT_EQ(Find("NGRText")->accessibleDescription(), kCalculatedTip);
   EXPECT_EQ(Find("EastNorth")->accessibleDescription(), "");
   EXPECT_EQ(Find<QLabel>("Xdim")->accessibleDescription(), "Resolution, width");
-  const auto* baud = Find<QComboBox>("Baud", &program_->setUp);
+  const auto* baud = Find<QComboBox>("Baud", &PortSetUp());
   EXPECT_EQ(baud->accessibleName(), "Baud Rate");
   EXPECT_EQ(baud->lineEdit()->accessibleName(), "Baud Rate");
   qputenv("TARNWICK_FIELD_NAMES", "1");
@@ -281,13 +304,13 @@ TEST_F(Windows, DoEverythingByKeysAlone) {
   key(Qt::Key_S, Qt::AltModifier);
   // An access key takes the time of a click. Without a screen every window that appears is
   // activated.
-  ASSERT_TRUE(QTest::qWaitFor([this] { return program_->pointing.isActiveWindow(); }));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Pointing().isActiveWindow(); }));
   ASSERT_TRUE(toMainWindow());
   typeAndEnter("NN166712");
   EXPECT_EQ(TextOf("InputText"), "NN166712") << "what was used gives way";
 
   key(Qt::Key_F6);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->pointing));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Pointing()));
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "Ipt");
   const struct {
     const char *field, *copied;
@@ -302,7 +325,7 @@ TEST_F(Windows, DoEverythingByKeysAlone) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&program_->mainWindow));
 
   key(Qt::Key_M, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Find("MaxDistText")->isVisible(); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return program_->w.Tarnwick.MakeList.visible; }));
   key(Qt::Key_I, Qt::AltModifier);
   EXPECT_FALSE(Find("MaxDistText")->isVisible());
   EXPECT_EQ(TextOf("InputText"), "");
@@ -314,7 +337,7 @@ TEST_F(Windows, LetTheMessageOfAReceiverBeCopied) {
     w.SetUpCom.visible = true;
     w.SetUpCom.Text1.text = "no such port";
   });
-  auto* message = Find<QPlainTextEdit>("Text1", &program_->setUp);
+  auto* message = Find<QPlainTextEdit>("Text1", &PortSetUp());
   QTest::keyClick(message, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(message, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "no such port");
@@ -374,7 +397,7 @@ TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
 
 // A double click does what OK does, beside the entries as well, where it leaves what is selected.
 TEST_F(Windows, PickAnEntryByADoubleClick) {
-  auto* list = Find<QListView>("PR", &program_->results);
+  auto* list = Find<QListView>("PR", &Results());
   const auto at = [&](int row) {
     return row < 0 ? list->viewport()->rect().bottomRight()
                    : list->visualRect(list->model()->index(row, 0)).center();
@@ -399,13 +422,165 @@ TEST_F(Windows, PickAnEntryByADoubleClick) {
     QTest::mouseClick(list->viewport(), button, {}, at(pressed));
     QTest::mouseDClick(list->viewport(), button, {}, at(twice));
     EXPECT_EQ(TextOf("InputText"), picked) << pressed << " " << twice;
-    program_->results.close();
+    Results().close();
   }
+}
+
+// A text that Enter would make the home's name is never selected, however the box got the focus; the
+// first arrow key has selected the first entry.
+TEST_F(Windows, LeaveThePickedPlaceUnselected) {
+  QFile::copy(TARNWICK_SAMPLE, home_.filePath("data/tarnwick/drive_c/geog/Sites.dat"));
+  auto* input = Find("InputText");
+  Type("io91wm");
+  Enter();
+  EXPECT_EQ(input->selectedText(), "IO91WM");
+  ListAndPick();
+  const auto expectCursorAtEnd = [input](const char* after) {
+    EXPECT_EQ(input->selectedText(), "") << after;
+    EXPECT_EQ(input->cursorPosition(), input->text().size()) << after;
+  };
+  EXPECT_EQ(input->text(), "IO91WM");
+  expectCursorAtEnd("a pick");
+  Find("LocDatabase")->setFocus();
+  QTest::keyClick(Find("LocDatabase"), Qt::Key_Tab);
+  QTest::qWait(1);
+  EXPECT_EQ(QApplication::focusWidget(), input);
+  expectCursorAtEnd("Tab");
+  Enter();
+  EXPECT_TRUE(Pointing().isVisible());
+  expectCursorAtEnd("Set as Home");
+}
+
+// The main window comes forward with the Pointing window in front of the results.
+TEST_F(Windows, RaiseThePointingWindowAfterAPick) {
+  Type("io91wm");
+  Enter();
+  Click("SetHome");
+  struct RaiseCounter : QObject {
+    int raised = 0;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      if (event->type() == QEvent::ZOrderChange) ++raised;
+      return false;
+    }
+  } counter;
+  Pointing().installEventFilter(&counter);
+  ListAndPick();
+  EXPECT_GT(counter.raised, 0);
+  EXPECT_TRUE(program_->mainWindow.isActiveWindow());
+  Pointing().removeEventFilter(&counter);
+}
+
+// It never lies on the main window while the screen has room, unless the user moved it there.
+TEST_F(Windows, KeepThePointingWindowClearOfTheMainWindow) {
+  const QRect screen = program_->mainWindow.screen()->availableGeometry();
+  const QSize size = program_->mainWindow.size();
+  const struct {
+    QPoint main;
+    bool fits, fitsWithListing;
+  } rows[] = {{{0, 0}, true, true},
+              {{60, 180}, true, false},  // below, until the main window grows
+              {{10, screen.height() - size.height()}, true, true}};
+  for (const auto& [main, fits, fitsWithListing] : rows) {
+    Restart();
+    MoveByUser(program_->mainWindow, main);
+    program_->w.BearingCalc.left = program_->w.Tarnwick.left + 1500;
+    program_->w.BearingCalc.top = program_->w.Tarnwick.top + 1500;
+    Type("io91wm");
+    Enter();
+    Click("SetHome");
+    QTest::qWait(1);
+    const auto overlaps = [this] {
+      return Pointing().frameGeometry().intersects(program_->mainWindow.frameGeometry());
+    };
+    EXPECT_EQ(overlaps(), !fits) << main.y();
+    Click("GenList");
+    QTest::qWait(1);
+    EXPECT_EQ(overlaps(), !fitsWithListing) << main.y();
+    EXPECT_TRUE(screen.contains(Pointing().frameGeometry()));
+    if (!fitsWithListing) {
+      EXPECT_EQ(Pointing().frameGeometry().bottomRight(), screen.bottomRight());
+    }
+    MoveByUser(Pointing(), main + QPoint(50, 50));
+    program_->mainWindow.resize(size);
+    Pointing().close();
+    Click("SetHome");
+    EXPECT_EQ(Pointing().pos(), main + QPoint(50, 50)) << "the user's place";
+  }
+}
+
+// Its figures keep their size, the compass takes the rest.
+TEST_F(Windows, GrowTheCompassWithItsWindow) {
+  Type("io91wm");
+  Enter();
+  Click("SetHome");
+  Type("NN166712");
+  Enter();
+  const auto circleHeight = [this] {
+    const QImage image = Find<QWidget>("C", &Pointing())->grab().toImage();
+    int first = image.height(), last = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (qRed(image.pixel(x, y)) > 200 && qGreen(image.pixel(x, y)) < 100) {
+          first = std::min(first, y);
+          last = std::max(last, y);
+        }
+    return last - first;
+  };
+  const int before = circleHeight();
+  const QSize figure = Find("BearText", &Pointing())->size();
+  Pointing().resize(Pointing().size() + QSize(300, 300));
+  QTest::qWait(1);
+  EXPECT_GT(circleHeight(), before + 150);
+  EXPECT_EQ(Find("BearText", &Pointing())->size(), figure);
+}
+
+// A held Enter and a double click press a button once.
+TEST_F(Windows, PressAButtonOnceForADoubleClickOrAHeldEnter) {
+  Click("LLfmt");
+  QTest::mouseDClick(Find<QPushButton>("LLfmt"), Qt::LeftButton);
+  QTest::mouseRelease(Find<QPushButton>("LLfmt"), Qt::LeftButton);
+  EXPECT_EQ(program_->w.LLFormat, 1);
+  Type("io91wm");
+  for (const bool isRepeat : {true, false}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", isRepeat);
+    QApplication::sendEvent(Find("InputText"), &press);
+    EXPECT_EQ(TextOf("LocText"), isRepeat ? "" : "IO91WM");
+  }
+}
+
+TEST_F(Windows, UndoTheClickThatEmptiesTheBox) {
+  Type("io91wm");
+  QTest::mouseClick(Find("InputText"), Qt::LeftButton);
+  EXPECT_EQ(TextOf("InputText"), "");
+  QTest::keyClick(Find("InputText"), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(program_->w.Tarnwick.InputText.text, "io91wm");
+}
+
+TEST_F(Windows, TakeTypingWhereNothingElseWantsIt) {
+  Type("io91wm");
+  Find("LocText")->setFocus();
+  QTest::keyClick(Find("LocText"), Qt::Key_S, Qt::AltModifier);  // Set as Home is disabled
+  EXPECT_EQ(TextOf("InputText"), "io91wm");
+  QTest::keyClicks(Find("LocText"), "x");
+  EXPECT_TRUE(TextOf("InputText").ends_with("x"));
+  QTest::keyClick(Find("InputText"), Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(TextOf("InputText").ends_with("x"));
+}
+
+// Enter opens the port, and the window says why the first text opens none.
+TEST_F(Windows, OpenThePortByEnter) {
+  Click("UseNMEA");
+  auto* message = Find<QPlainTextEdit>("Text1", &PortSetUp());
+  EXPECT_NE(message->placeholderText(), "");
+  QTest::keyClick(Find<QComboBox>("CPort", &PortSetUp())->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(message->toPlainText(), "COM PORT FAIL");
+  EXPECT_GE(PortSetUp().width(), PortSetUp().fontMetrics().horizontalAdvance(PortSetUp().windowTitle()) + 100);
+  EXPECT_FALSE(PortSetUp().windowFlags() & Qt::WindowMinMaxButtonsHint);
 }
 
 // By the arrow keys every entry is reached, the first as well while another text stands there.
 TEST_F(Windows, ReachTheFirstPortByDown) {
-  auto* ports = Find<QComboBox>("CPort", &program_->setUp);
+  auto* ports = Find<QComboBox>("CPort", &PortSetUp());
   program_->runner.Run([](Workspace& w) {
     w.SetUpCom.CPort.items = {"COM9", "COM18"};
     w.SetUpCom.CPort.text = "7";
@@ -436,13 +611,13 @@ TEST_F(Windows, StandOnTheScreenWhereverTheMainWindowIs) {
     Click("UseNMEA");
     Wait(100);  // the frames are there
     const QRect main = program_->mainWindow.geometry();
-    const QRect pointing = program_->pointing.geometry();
+    const QRect pointing = Pointing().geometry();
     EXPECT_TRUE(screen.intersects(main));
     EXPECT_TRUE(screen.contains(pointing));
-    EXPECT_TRUE(screen.contains(program_->setUp.geometry()));
+    EXPECT_TRUE(screen.contains(PortSetUp().geometry()));
     // This one is as wide as the screen, without its frame.
-    EXPECT_LE(program_->results.frameGeometry().left(), screen.left());
-    EXPECT_TRUE(screen.contains(program_->results.geometry().center()));
+    EXPECT_LE(Results().frameGeometry().left(), screen.left());
+    EXPECT_TRUE(screen.contains(Results().geometry().center()));
     EXPECT_TRUE(corner != screen.topLeft() || !pointing.intersects(main));
   }
 }
@@ -464,14 +639,16 @@ TEST_F(Windows, FitTheirTextsInEveryFontOnADarkDesktop) {
     Click("UseNMEA");
     program_->runner.Run(OpenResults);
     QTest::qWait(1);
-    for (const FramedWindow* window : program_->windowCycle) {
+    for (const FramedWindow* window : program_->VisibleWindows()) {
       for (auto* widget : window->findChildren<QWidget*>(QRegularExpression("."))) {
         if (!widget->isVisible()) continue;
         EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
             << points << widget->objectName().toStdString();
-        EXPECT_TRUE(window->rect().contains(QRect(widget->mapTo(window, QPoint()), widget->size())))
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
             << points << widget->objectName().toStdString();
       }
+      EXPECT_LE(window->width(), window->screen()->availableGeometry().width()) << points;
+      EXPECT_LE(window->height(), window->screen()->availableGeometry().height()) << points;
     }
     EXPECT_LT(Find("LocDatabase")->palette().color(QPalette::Text).lightness(), 64);
     EXPECT_GT(Find("LocDatabase")->palette().color(QPalette::Base).lightness(), 192);

@@ -6,6 +6,9 @@
 #include <algorithm>
 
 #include "gps/nmea_receiver.h"
+#include "platform/qt/pointing_window.h"
+#include "platform/qt/results_window.h"
+#include "platform/qt/setup_window.h"
 #include "sites/listing/listing.h"
 #include "workspace/events/start_and_exit.h"
 
@@ -22,32 +25,42 @@ Application::Application() {
     desktop.FlushSettings();
     if (onEnd) onEnd();
   };
-  for (FramedWindow* window : windowCycle) {
-    auto* next = new QShortcut(Qt::Key_F6, window);
-    QObject::connect(next, &QShortcut::activated, window,
-                     [this, window] { ActivateNextWindow(window); });
-  }
+  AddKeys(mainWindow);
+  runner.AddRefresher(&mainWindow, [this] {
+    EachWindow(w, [this](WindowName name, const char* /*objectName*/, const Window& state) {
+      if (state.visible) WindowOf(name);
+    });
+  });
 }
 
-void Application::ActivateNextWindow(const FramedWindow* window) {
-  const auto* next = std::find(windowCycle.begin(), windowCycle.end(), window);
-  do {
-    if (++next == windowCycle.end()) next = windowCycle.begin();
-  } while (!(*next)->isVisible());
-  (*next)->BringToFront();
+void Application::AddKeys(FramedWindow& window) {
+  auto* next = new QShortcut(Qt::Key_F6, &window);
+  QObject::connect(next, &QShortcut::activated, &window, [this, &window] {
+    const std::vector<FramedWindow*> cycle = VisibleWindows();
+    const auto at = std::find(cycle.begin(), cycle.end(), &window);
+    (at == cycle.end() || at + 1 == cycle.end() ? cycle.front() : *(at + 1))->BringToFront();
+  });
+}
+
+std::vector<FramedWindow*> Application::VisibleWindows() {
+  std::vector<FramedWindow*> visible{&mainWindow};
+  for (const auto& window : others_)
+    if (window && window->isVisible()) visible.push_back(window.get());
+  return visible;
 }
 
 FramedWindow& Application::WindowOf(WindowName name) {
-  switch (name) {
-    case WindowName::BearingCalc:
-      return pointing;
-    case WindowName::ShowList:
-      return results;
-    case WindowName::SetUpCom:
-      return setUp;
-    default:
-      return mainWindow;
-  }
+  if (name == WindowName::Tarnwick) return mainWindow;
+  std::unique_ptr<FramedWindow>& window = others_[static_cast<std::size_t>(name)];
+  if (window) return *window;
+  if (name == WindowName::BearingCalc)
+    window = std::make_unique<PointingWindowView>(runner, mainWindow);
+  else if (name == WindowName::ShowList)
+    window = std::make_unique<ResultsWindowView>(runner);
+  else
+    window = std::make_unique<SetUpWindowView>(runner);
+  AddKeys(*window);
+  return *window;
 }
 
 void Application::End() {

@@ -3,14 +3,13 @@
 
 #include <array>
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include "platform/desktop/desktop_platform.h"
 #include "platform/qt/main_window.h"
-#include "platform/qt/pointing_window.h"
-#include "platform/qt/results_window.h"
-#include "platform/qt/setup_window.h"
 
-// The constructor makes the windows, which stay hidden until Start.
+// The constructor makes the main window, which stays hidden until Start.
 struct Application {
   Application();
 
@@ -18,11 +17,12 @@ struct Application {
   void Start(const QString& place = {});
   // Closes an open message box and then the main window.
   void End();
-  // Returns the window on screen for a window of the record.
+  // Returns the window on screen for a window of the record. The first call for a window makes it:
+  // the start makes only what it shows.
   FramedWindow& WindowOf(WindowName name);
-  // Brings the next visible window of the cycle to the front. F6 does it, for systems without a
+  // Returns the visible windows. F6 brings the next of them to the front, for systems without a
   // window manager.
-  void ActivateNextWindow(const FramedWindow* window);
+  std::vector<FramedWindow*> VisibleWindows();
   // Called when the main window is closed and the settings are stored.
   std::function<void()> onEnd;
 
@@ -30,8 +30,9 @@ struct Application {
   Workspace w{desktop};
   CommandRunner runner{w};
   MainWindowView mainWindow{runner};
-  PointingWindowView pointing{runner, mainWindow};
-  ResultsWindowView results{runner};
-  SetUpWindowView setUp{runner};
-  const std::array<FramedWindow*, 4> windowCycle{&mainWindow, &pointing, &results, &setUp};
+
+ private:
+  void AddKeys(FramedWindow& window);
+
+  std::array<std::unique_ptr<FramedWindow>, 4> others_;  // by WindowName
 };

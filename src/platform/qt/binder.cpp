@@ -37,6 +37,22 @@ class LeftClickFilter : public QObject {
   std::function<void()> onClick_;
 };
 
+// A button that ignores the second press of a double click, and leaves Enter to its window.
+class SinglePressButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override {  // with more room for the caption than the style has
+    return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
+  }
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    isEnter ? event->ignore() : QPushButton::keyPressEvent(event);
+  }
+};
+
 void SetColour(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
   QPalette palette = widget->palette();
   const bool isSet = palette.isBrushSet(QPalette::Active, role);
@@ -86,7 +102,8 @@ QPalette LightPalette() {
 void Binder::Bind(QWidget* widget, const char* name, const char* tip,
                   const std::function<void()>& refresh) const {
   widget->setObjectName(name);
-  widget->setToolTip(tip);
+  if (*tip != 0)  // as rich text, so that long tips are wrapped
+    widget->setToolTip("<p style='white-space:pre-wrap'>" + QString(tip).toHtmlEscaped());
   Describe(widget, tip);
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
@@ -102,12 +119,15 @@ const Event* Binder::EventOf(const char* name, UserAction action) const {
 QLineEdit* Binder::Make(const char* name, TextBox& control) const {
   auto* edit = new QLineEdit(window_);
   edit->setMaxLength(std::numeric_limits<int>::max());
+  edit->installEventFilter(window_);
   Bind(edit, name, control.tip, [edit, &control] {
     const QSignalBlocker blocker(edit);
     edit->setReadOnly(control.readOnly);
     const QString text = ToQt(control.text);
     if (edit->text() != text) {
-      edit->setText(text);
+      // The user can undo the click that empties the box.
+      edit->selectAll();
+      text.isEmpty() ? edit->del() : edit->setText(text);
       if (control.readOnly) edit->setCursorPosition(0);
       // The next typing replaces what a command has written.
       if (!control.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
@@ -162,7 +182,7 @@ CaptionLabel* Binder::Make(const char* name, Label& control) const {
 }
 
 QPushButton* Binder::Make(const char* name, Button& control) const {
-  auto* button = new QPushButton(window_);
+  auto* button = new SinglePressButton(window_);
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves Enter to the default button
   if (const Event* event = EventOf(name, UserAction::Click))
     QObject::connect(button, &QPushButton::clicked, button, [this, event] { runner_.Run(*event); });

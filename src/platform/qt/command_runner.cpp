@@ -23,8 +23,8 @@ bool CommandRunner::Run(const Event& event) {
 }
 
 void CommandRunner::Refresh() {
-  for (const auto& [owner, refresh] : refreshers_)
-    if (owner) refresh();
+  for (std::size_t i = 0; i < refreshers_.size(); ++i)
+    if (refreshers_[i].first) refreshers_[i].second();
 }
 
 void CommandRunner::AddRefresher(QObject* owner, std::function<void()> refresh) {

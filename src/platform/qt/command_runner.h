@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QPointer>
+#include <deque>
 #include <functional>
 #include <utility>
-#include <vector>
 
 #include "workspace/events/event_table.h"
 
@@ -25,10 +25,11 @@ class CommandRunner {
 
   // Makes the windows show the record.
   void Refresh();
-  // Calls `refresh` on every Refresh as long as `owner` exists.
+  // Calls `refresh` on every Refresh as long as `owner` exists, from the one under way on.
   void AddRefresher(QObject* owner, std::function<void()> refresh);
 
  private:
-  std::vector<std::pair<QPointer<QObject>, std::function<void()>>> refreshers_;
+  // A deque, because a refresh may make a window, whose refreshers join while others run.
+  std::deque<std::pair<QPointer<QObject>, std::function<void()>>> refreshers_;
   bool busy_ = false;
 };

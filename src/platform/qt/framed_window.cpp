@@ -1,9 +1,10 @@
 #include "platform/qt/framed_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -39,8 +40,8 @@ FramedWindow::FramedWindow(CommandRunner& runner, Window& state)
     if (name == name_) setObjectName(objectName);
   });
   Describe(this, "");
-  setPalette(LightPalette());
-  setAutoFillBackground(true);
+  QApplication::setPalette(LightPalette());  // of message boxes and menus as well
+  connect(qApp, &QApplication::focusChanged, this, &FramedWindow::ShowDefaultButton);
   runner.AddRefresher(this, [this] { Refresh(); });
 }
 
@@ -48,7 +49,14 @@ void FramedWindow::SetDefaultButton(QPushButton* button) {
   if (default_ == button) return;
   if (default_ != nullptr) default_->setDefault(false);
   default_ = button;
-  default_->setDefault(true);
+  ShowDefaultButton();
+}
+
+// A button with the focus takes Enter from the default button, which then must not look the same.
+void FramedWindow::ShowDefaultButton() {
+  if (default_ == nullptr) return;
+  const auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  default_->setDefault(focused == nullptr || focused == default_);
 }
 
 QRect FramedWindow::ScreenAt(QPoint point) {
@@ -65,15 +73,24 @@ QPoint FramedWindow::PlaceFor(QPoint wanted) const {
 }
 
 void FramedWindow::Refresh() {
-  if (shown_.caption != state_.caption || windowTitle().isEmpty())
-    setWindowTitle(ToQt(state_.caption));
+  if (shown_.caption != state_.caption || windowTitle().isEmpty()) ShowTitle();
   // Size before position: a position set first would drift by the frame.
   const bool appears = state_.visible && !isVisible();
   if (appears || shown_.width != state_.width || shown_.height != state_.height) ShowSize();
-  const bool moves = appears || shown_.left != state_.left || shown_.top != state_.top;
+  const bool moves = shown_.left != state_.left || shown_.top != state_.top;
   shown_ = state_;
-  if (moves) Place();
+  if (moves) isMovedByUser_ = false;
+  if (appears || moves) Place();
   if (state_.visible != isVisible()) setVisible(state_.visible);
+}
+
+// The window is wide enough for the title if the screen is.
+void FramedWindow::ShowTitle() {
+  constexpr int kFrameButtons = 120;  // pixels
+  setWindowTitle(ToQt(state_.caption));
+  const int width = fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons;
+  if (layout() != nullptr && width > layout()->totalMinimumSize().width())
+    setMinimumWidth(std::min(width, ScreenAt(pos()).width()));
 }
 
 void FramedWindow::Place() {
@@ -101,6 +118,7 @@ void FramedWindow::closeEvent(QCloseEvent* event) {
 void FramedWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
     return QWidget::keyPressEvent(event);
+  if (event->isAutoRepeat()) return;
   auto* focused = qobject_cast<QPushButton*>(focusWidget());
   QPushButton* button = focused != nullptr ? focused : default_;
   if (button != nullptr && button->isVisible() && button->isEnabled()) button->click();
@@ -125,6 +143,11 @@ bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
       Place();  // exactly, because the size of the frame is known now
     }
   }
+  // Without this the access key of a disabled button would be typed.
+  if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::AltModifier && !key->text().isEmpty()) return true;
+  }
   return QWidget::eventFilter(watched, event);
 }
 
@@ -142,6 +165,7 @@ void FramedWindow::TakeReportedPosition() {
   const QPoint frame = windowHandle()->framePosition();
   shown_.left = state_.left = ToTwips(frame.x());
   shown_.top = state_.top = ToTwips(frame.y());
+  isMovedByUser_ = true;
 }
 
 void FramedWindow::TakeReportedSize() {

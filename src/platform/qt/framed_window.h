@@ -28,6 +28,10 @@ class FramedWindow : public QWidget {
   // Returns where to put the frame for a position in the record, both in pixels. By default the
   // whole window is on the screen if it fits.
   virtual QPoint PlaceFor(QPoint wanted) const;
+  // Moves the window to that place.
+  void Place();
+  // Whether the position in the record is the user's choice.
+  bool IsMovedByUser() const { return isMovedByUser_; }
   // Returns the free area of the screen that contains a point, else of the first screen.
   static QRect ScreenAt(QPoint point);
   // Called when the window appears and when the record asks for another size.
@@ -51,13 +55,15 @@ class FramedWindow : public QWidget {
 
  private:
   void Refresh();
-  void Place();
+  void ShowTitle();
+  void ShowDefaultButton();
   bool IsNormal() const;  // visible, and neither minimised nor maximised
   void TakeReportedPosition();
   void TakeReportedSize();
 
   Window shown_;
   QPushButton* default_ = nullptr;
+  bool isMovedByUser_ = false;
   bool isAppearing_ = false;  // the frame is not on the screen yet
   ChangeOrigin<QPoint> position_;
   ChangeOrigin<QSize> size_;
@@ -66,10 +72,7 @@ class FramedWindow : public QWidget {
 // A window of the record together with its controls.
 template <class Record>
 class RecordWindow : public FramedWindow {
- protected:
-  RecordWindow(CommandRunner& runner, Record& record)
-      : FramedWindow(runner, record), record_(record) {}
-
+ public:
   // Makes and binds the widget for a control, such as Make(&MainWindow::InputText). The views make
   // their widgets in the order of the table in control_tables.h, which so is the Tab order.
   template <class Control>
@@ -82,6 +85,10 @@ class RecordWindow : public FramedWindow {
     }
     return widget;
   }
+
+ protected:
+  RecordWindow(CommandRunner& runner, Record& record)
+      : FramedWindow(runner, record), record_(record) {}
 
   Record& record_;
 };

@@ -1,7 +1,10 @@
 #include "platform/qt/layout_helpers.h"
 
+#include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOption>
 #include <algorithm>
@@ -9,8 +12,15 @@
 QSize CaptionLabel::minimumSizeHint() const {
   constexpr int kLongestCaption = 40;  // average characters
   const QSize natural = QLabel::minimumSizeHint();
+  const QRect place(0, 0, width(), QWIDGETSIZE_MAX);
   return {std::min(natural.width(), kLongestCaption * fontMetrics().averageCharWidth()),
-          natural.height()};
+          wraps_ ? fontMetrics().boundingRect(place, Qt::TextWordWrap, text()).height()
+                 : natural.height()};
+}
+
+void CaptionLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  if (wraps_) updateGeometry();
 }
 
 void CaptionLabel::SetLastWordAt(int x) {
@@ -26,7 +36,9 @@ void CaptionLabel::paintEvent(QPaintEvent* event) {
   constexpr int kAlignment = Qt::AlignVCenter | Qt::AlignLeft;
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
-  if (lastWordAt_ != 0) {
+  if (wraps_) {
+    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, text());
+  } else if (lastWordAt_ != 0) {
     const qsizetype blank = text().lastIndexOf(' ');
     painter.drawText(area, kAlignment, text().left(blank));
     painter.drawText(area.adjusted(lastWordAt_, 0, 0, 0), kAlignment, text().mid(blank + 1));
@@ -36,9 +48,33 @@ void CaptionLabel::paintEvent(QPaintEvent* event) {
   }
 }
 
+ScreenScrollArea::ScreenScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+  setFrameShape(NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setWidgetResizable(true);
+  setWidget(content);
+}
+
+QSize ScreenScrollArea::minimumSizeHint() const {
+  constexpr QSize kWindowFrame(8, 40);
+  const QSize free = screen()->availableGeometry().size() - kWindowFrame;
+  QSize size = widget()->minimumSizeHint();
+  // A scroll bar takes room from the other direction.
+  if (size.height() > free.height()) size.rwidth() += verticalScrollBar()->sizeHint().width();
+  if (size.width() > free.width()) size.rheight() += horizontalScrollBar()->sizeHint().height();
+  return size.boundedTo(free);
+}
+
+bool ScreenScrollArea::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::viewportEvent(event);
+}
+
 QFont FontAtLeast(const QWidget* widget, double points, bool bold) {
+  constexpr double kDesignPoints = 9;
   QFont font = widget->font();
-  font.setPointSizeF(std::max(points, font.pointSizeF()));
+  const double base = QFontInfo(font).pointSizeF();
+  font.setPointSizeF(std::max(points * base / kDesignPoints, base));
   font.setBold(bold);
   return font;
 }

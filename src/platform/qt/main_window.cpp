@@ -1,14 +1,17 @@
 #include "platform/qt/main_window.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QTimer>
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/layout_helpers.h"
+#include "platform/qt/listing_panel.h"
 
 namespace {
 
@@ -27,24 +30,34 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   StyleFields();
   NameFields();
 
-  auto* column = new QVBoxLayout(this);
+  auto* content = new QWidget(this);
+  column_ = new QVBoxLayout(content);
   auto* grid = new QGridLayout;
   LayOutPlace(grid);
-  column->addLayout(grid);
-  listing_ = MakeListingPanel();
-  column->addWidget(listing_);
-  listing_->hide();
-  column->addStretch();
+  column_->addLayout(grid);
+  column_->addStretch();
+  scroll_ = new ScreenScrollArea(content, this);
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(scroll_);
 
   // The record contains the width that the fonts need.
   state_.width = std::max(state_.width, static_cast<float>(sizeHint().width()) * kTwipsPerPixel);
-  NGRText_->installEventFilter(this);
   setFocusProxy(InputText_);
   setFocus();
-  // The user can type the next place at once: it replaces the one that was used.
   for (const QPushButton* button : {FindIt_, SetHome_})
-    connect(button, &QPushButton::clicked, InputText_, &QLineEdit::selectAll);
-  runner.AddRefresher(this, [this] { ShowListing(); });
+    connect(button, &QPushButton::clicked, this, &MainWindowView::SelectInput);
+  connect(GenList_, &QPushButton::clicked, this, &MainWindowView::StartListing);
+  runner.AddRefresher(this, [this] {
+    ShowListing();
+    if (IsHomeNext()) SelectInput();
+  });
+}
+
+// The user can type the next place at once: it replaces the one that was used. But while Enter means
+// Set as Home, nobody must type over the place and make it a home under another name.
+void MainWindowView::SelectInput() {
+  IsHomeNext() ? InputText_->end(false) : InputText_->selectAll();
 }
 
 void MainWindowView::UsePlace(const QString& place) {
@@ -56,6 +69,7 @@ void MainWindowView::StyleFields() {
   Label14_->setFont(FontAtLeast(this, 0, true));
   for (QLineEdit* field : {LocText_, NGRText_})
     field->setFont(FontAtLeast(this, kLargePoints, true));
+  BaseLocLbl_->SetWrapping();
   BaseLocLbl_->setFont(FontAtLeast(this, kLargePoints, true));
   LLText_->setFont(FontAtLeast(this, kLargePoints, false));
   for (QLineEdit* field : {LocText_, NGRText_, LLText_, EastNorth_})
@@ -87,12 +101,6 @@ void MainWindowView::NameFields() {
   // Their captions are bare lengths.
   Describe(Xdim_, "Resolution, width");
   Describe(Ydim_, "Resolution, height");
-  Label3_->setBuddy(MinDisttext_);
-  Label7_->setBuddy(MaxDistText_);
-  Label8_->setBuddy(FromBearText_);
-  Label9_->setBuddy(ToBearText_);
-  Label13_->setBuddy(Srchtext_);
-  Label11_->setBuddy(ListFileName_);
 }
 
 void MainWindowView::LayOutPlace(QGridLayout* grid) {
@@ -103,11 +111,10 @@ void MainWindowView::LayOutPlace(QGridLayout* grid) {
   put(Label14_, row++, 0, kColumns);
 
   auto* database = new QHBoxLayout;
-  database->addStretch();
   database->addWidget(Label1_);
   database->addWidget(LocDatabase_, 1);
   put(Label2_, row, kFirstButton, 2);
-  grid->addLayout(database, row++, kGap, 1, kColumns - kGap);
+  grid->addLayout(database, row++, kLocator, 1, kColumns - kLocator);
 
   put(InputText_, row, kFirstButton, kLast);
   grid->addWidget(MakeAccuracyBox(), row++, kLast, 4, 1, Qt::AlignCenter);
@@ -152,31 +159,6 @@ QWidget* MainWindowView::MakeAccuracyBox() {
   return box;
 }
 
-QWidget* MainWindowView::MakeListingPanel() {
-  auto* panel = new QWidget(this);
-  auto* grid = new QGridLayout(panel);
-  grid->setContentsMargins(0, 0, 0, 0);
-  const auto put = [grid](QWidget* widget, int row, int column, int columns = 1) {
-    grid->addWidget(widget, row, column, 1, columns);
-  };
-  put(Label10_, 0, 0, 5);
-  put(Label3_, 1, 0);
-  put(MinDisttext_, 1, 1);
-  put(Label7_, 1, 2);
-  put(MaxDistText_, 1, 3);
-  put(Label8_, 2, 0);
-  put(FromBearText_, 2, 1);
-  put(Label9_, 2, 2);
-  put(ToBearText_, 2, 3);
-  put(MakeList_, 2, 4);
-  put(Label13_, 3, 0);
-  put(Srchtext_, 3, 1, 3);
-  put(Label11_, 4, 0);
-  put(ListFileName_, 4, 1, 3);
-  put(ShowAll_, 4, 4);
-  return panel;
-}
-
 // The user may leave the main window partly off the screen.
 QPoint MainWindowView::PlaceFor(QPoint wanted) const {
   const QRect screen = ScreenAt(wanted);
@@ -193,7 +175,26 @@ void MainWindowView::ShowSize() {
 
 // Once shown, the rows of the listing stay; the logic hides the controls in them.
 void MainWindowView::ShowListing() {
-  if (record_.MakeList.visible) listing_->show();
+  if (listing_ != nullptr || !record_.MakeList.visible) return;
+  listing_ = new ListingPanel(*this);
+  column_->insertWidget(1, listing_);
+  listing_->show();
+}
+
+void MainWindowView::StartListing() {
+  if (listing_ == nullptr || !record_.MakeList.visible) return;
+  listing_->FirstField()->setFocus();
+  listing_->FirstField()->selectAll();
+  scroll_->ensureWidgetVisible(listing_->FirstField());
+}
+
+// What the widget with the focus has no use for is typed into the input box.
+void MainWindowView::keyPressEvent(QKeyEvent* event) {
+  const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
+  if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+    return RecordWindow::keyPressEvent(event);
+  InputText_->setFocus();
+  QApplication::sendEvent(InputText_, event);
 }
 
 // Qt's Tab skips the widget before a focus proxy, here the field above the input box.
@@ -204,8 +205,11 @@ bool MainWindowView::focusNextPrevChild(bool next) {
   return moved;
 }
 
-// The caption "Loc ... NGR" is one text, but each word is above its field.
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
+  // Qt selects the text of a field that Tab reaches, after this filter.
+  if (watched == InputText_ && event->type() == QEvent::FocusIn && IsHomeNext())
+    QTimer::singleShot(0, this, &MainWindowView::SelectInput);
+  // The caption "Loc ... NGR" is one text, but each word is above its field.
   if (watched == NGRText_ && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
     Label15_->SetLastWordAt(NGRText_->x() - LocText_->x());
   return RecordWindow::eventFilter(watched, event);

@@ -3,7 +3,10 @@
 
 #include "platform/qt/framed_window.h"
 
+class ListingPanel;
 class QGridLayout;
+class QVBoxLayout;
+class ScreenScrollArea;
 
 class MainWindowView : public RecordWindow<MainWindow> {
  public:
@@ -17,14 +20,17 @@ class MainWindowView : public RecordWindow<MainWindow> {
   void ShowSize() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void StyleFields();
   void NameFields();
   void LayOutPlace(QGridLayout* grid);
   QWidget* MakeAccuracyBox();
-  QWidget* MakeListingPanel();
   void ShowListing();
+  void StartListing();
+  void SelectInput();
+  bool IsHomeNext() const { return record_.defaultButton == &MainWindow::SetHome; }
 
   CaptionLabel* Label14_ = Make(&MainWindow::Label14);
   CaptionLabel* Label2_ = Make(&MainWindow::Label2);
@@ -52,21 +58,8 @@ class MainWindowView : public RecordWindow<MainWindow> {
   CaptionLabel* Label4_ = Make(&MainWindow::Label4);
   CaptionLabel* BaseLocLbl_ = Make(&MainWindow::BaseLocLbl);
   QCheckBox* SaveOnExit_ = Make(&MainWindow::SaveOnExit);
-  CaptionLabel* Label10_ = Make(&MainWindow::Label10);
-  CaptionLabel* Label3_ = Make(&MainWindow::Label3);
-  QLineEdit* MinDisttext_ = Make(&MainWindow::MinDisttext);
-  CaptionLabel* Label7_ = Make(&MainWindow::Label7);
-  QLineEdit* MaxDistText_ = Make(&MainWindow::MaxDistText);
-  CaptionLabel* Label8_ = Make(&MainWindow::Label8);
-  QLineEdit* FromBearText_ = Make(&MainWindow::FromBearText);
-  CaptionLabel* Label9_ = Make(&MainWindow::Label9);
-  QLineEdit* ToBearText_ = Make(&MainWindow::ToBearText);
-  QPushButton* MakeList_ = Make(&MainWindow::MakeList);
-  CaptionLabel* Label13_ = Make(&MainWindow::Label13);
-  QLineEdit* Srchtext_ = Make(&MainWindow::Srchtext);
-  CaptionLabel* Label11_ = Make(&MainWindow::Label11);
-  QLineEdit* ListFileName_ = Make(&MainWindow::ListFileName);
-  QCheckBox* ShowAll_ = Make(&MainWindow::ShowAll);
 
-  QWidget* listing_ = nullptr;  // the rows below the height of the lookup layout
+  QVBoxLayout* column_;
+  ScreenScrollArea* scroll_;
+  ListingPanel* listing_ = nullptr;  // made when it is first shown
 };

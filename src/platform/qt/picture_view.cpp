@@ -20,14 +20,14 @@ QSize PictureView::sizeHint() const {
 
 void PictureView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
   const QRectF axes = scale_.axes;
   const double pixelsPerUnit = std::min(width() / axes.width(), height() / axes.height());
-  const QRectF area({}, axes.size() * pixelsPerUnit);
-  painter.translate((width() - area.width()) / 2, (height() - area.height()) / 2);
+  QRectF area({}, axes.size() * pixelsPerUnit);
+  area.moveCenter(QRectF(rect()).center());
   painter.setClipRect(area);
   painter.fillRect(area, picture_.back ? ToQt(*picture_.back) : palette().color(QPalette::Window));
-  painter.translate(-axes.topLeft() * pixelsPerUnit);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(area.topLeft() - axes.topLeft() * pixelsPerUnit);
   PaintOperations(painter, pixelsPerUnit);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/pointing_window.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <utility>
@@ -10,17 +11,18 @@
 
 namespace {
 
-constexpr double kEdge = kCompassEdge;
+// The letters need a margin: the N begins above the top of the picture.
+constexpr double kEdge = 1.1 * kCompassEdge;
 
-// With smaller letters the N would leave the top of the compass, with larger ones touch the circle.
+// With larger letters the N would touch the circle.
 constexpr PictureScale kCompass{.axes = {-kEdge, -kEdge, 2 * kEdge, 2 * kEdge},
-                                .letterSize = 0.17,
-                                .penWidth = 0.016,
-                                .designHeight = 96};
+                                .letterSize = 0.16,
+                                .penWidth = 0.015,
+                                .designHeight = 105};
 
 }  // namespace
 
-PointingWindowView::PointingWindowView(CommandRunner& runner, const QWidget& mainWindow)
+PointingWindowView::PointingWindowView(CommandRunner& runner, QWidget& mainWindow)
     : RecordWindow(runner, runner.w.BearingCalc),
       mainWindow_(mainWindow),
       C_(new PictureView(record_.C, kCompass, this)) {
@@ -45,9 +47,13 @@ PointingWindowView::PointingWindowView(CommandRunner& runner, const QWidget& mai
     grid->addWidget(label, ++row, 0);
     grid->addWidget(field, row, 1);
   }
-  grid->addWidget(C_, 1, 2, row, 1);
+  // The figures keep their size, the compass grows with the window.
+  for (QLineEdit* field : {BearText_, BackBearText_, DistText_, UncertText_})
+    field->setMaximumWidth(UncertText_->minimumWidth());
+  grid->addWidget(C_, 1, 2, row + 1, 1);
   grid->setColumnStretch(2, 1);
   grid->setRowStretch(row + 1, 1);
+  mainWindow.installEventFilter(this);
 
   binder_.Bind(C_, NameOf(&PointingWindow::C), "", [this] { ShowCompass(); });
   setFocusProxy(Ipt_);
@@ -63,16 +69,30 @@ void PointingWindowView::ShowCompass() {
   C_->update();
 }
 
-// A window designed above the screen would come down onto the main window. Beside or below that is
-// better, where the screen has room.
+// Beside the main window, below or above it, wherever the screen has room. A place that the user
+// chose is kept.
 QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   const QPoint reachable = FramedWindow::PlaceFor(wanted);
+  const QSize size = frameGeometry().size();
   const QRect main = mainWindow_.frameGeometry();
-  if (reachable.y() == wanted.y() || !main.intersects(QRect(reachable, size()))) return reachable;
+  if (IsMovedByUser() || !main.intersects(QRect(reachable, size))) return reachable;
   const QRect screen = ScreenAt(main.center());
-  const QPoint beside(main.right() + 1, reachable.y());
-  const QPoint below(main.left(), main.bottom() + 1);
-  for (const QPoint& place : {beside, below})
-    if (screen.contains(QRect(place, size()))) return place;
-  return reachable;
+  const QPoint places[] = {{main.right() + 1, main.top()},
+                           {main.left(), main.bottom() + 1},
+                           {main.left() - size.width(), main.top()},
+                           {main.left(), main.top() - size.height()}};
+  for (const QPoint& place : places)
+    if (screen.contains(QRect(place, size))) return place;
+  return {screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height()};
+}
+
+bool PointingWindowView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &mainWindow_ && isVisible()) {
+    // After a pick the Results window would lie on the figures.
+    if (event->type() == QEvent::WindowActivate) raise();
+    // The main window may have grown into its listing layout.
+    const bool overlaps = mainWindow_.frameGeometry().intersects(frameGeometry());
+    if (event->type() == QEvent::Resize && overlaps && !IsMovedByUser()) Place();
+  }
+  return RecordWindow::eventFilter(watched, event);
 }

@@ -6,10 +6,11 @@
 
 class PointingWindowView : public RecordWindow<PointingWindow> {
  public:
-  PointingWindowView(CommandRunner& runner, const QWidget& mainWindow);
+  PointingWindowView(CommandRunner& runner, QWidget& mainWindow);
 
  protected:
   QPoint PlaceFor(QPoint wanted) const override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ShowCompass();

@@ -4,10 +4,12 @@
 #include <QFontDatabase>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
+#include "platform/qt/layout_helpers.h"
 #include "sites/lookup/lookup.h"
 
 int ResultsModel::rowCount(const QModelIndex& parent) const {
@@ -50,11 +52,12 @@ void ResultsView::SetColumns(int columns) {
 }
 
 int ResultsView::EntryWidth() const {
+  constexpr int kGutter = 2;  // characters
   QStyleOptionViewItem option;
   initViewItemOption(&option);
   option.features |= QStyleOptionViewItem::HasDisplay;
-  option.text = QString(kEntryLength, 'W');
-  return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width() + 2;
+  option.text = QString(kEntryLength + kGutter, 'W');
+  return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width();
 }
 
 void ResultsView::FitColumns() {
@@ -84,6 +87,14 @@ void ResultsView::resizeEvent(QResizeEvent* event) {
   QListView::resizeEvent(event);
 }
 
+// A notch of the wheel goes on by a column.
+void ResultsView::wheelEvent(QWheelEvent* event) {
+  constexpr int kNotch = 120;
+  wheelAngle_ += event->angleDelta().x() + event->angleDelta().y();
+  horizontalScrollBar()->setValue(horizontalScrollBar()->value() - wheelAngle_ / kNotch);
+  wheelAngle_ %= kNotch;
+}
+
 ResultsWindowView::ResultsWindowView(CommandRunner& runner)
     : RecordWindow(runner, runner.w.ShowList), model_(record_.PR, this) {
   setAccessibleName("Results");
@@ -111,10 +122,10 @@ ResultsWindowView::ResultsWindowView(CommandRunner& runner)
 void ResultsWindowView::SetFonts() {
   QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   fixed.setFamilies({"Lucida Console", fixed.family(), "DejaVu Sans Mono", "Liberation Mono"});
-  fixed.setPointSizeF(std::max(8.25, font().pointSizeF()));
-  PR_->setFont(fixed);
-  fixed.setPointSizeF(std::max(12.0, font().pointSizeF()));
-  OK_->setFont(fixed);
+  for (const auto& [widget, points] : {std::pair<QWidget*, double>(PR_, 8.25), {OK_, 12}}) {
+    fixed.setPointSizeF(FontAtLeast(this, points, false).pointSizeF());
+    widget->setFont(fixed);
+  }
 }
 
 // As wide as four columns of entries, if the screen is.
@@ -124,8 +135,8 @@ void ResultsWindowView::ShowSize() {
   const int columns = 4 * PR_->EntryWidth() + 2 * PR_->frameWidth();
   const int wanted = std::max(static_cast<int>(state_.width / kTwipsPerPixel),
                               columns + margins.left() + margins.right());
-  resize(std::min(wanted, screen()->availableGeometry().width()),
-         static_cast<int>(state_.height / kTwipsPerPixel));
+  const double height = state_.height / kTwipsPerPixel * FontScale(this);
+  resize(QSize(wanted, static_cast<int>(height)).boundedTo(screen()->availableGeometry().size()));
 }
 
 void ResultsWindowView::ShowList() {

@@ -27,7 +27,7 @@ class ResultsView : public QListView {
  public:
   explicit ResultsView(QWidget* parent);
   void SetColumns(int columns);
-  // Returns the pixels that an entry of the greatest length takes.
+  // Returns the pixels that an entry of the greatest length takes, with a gutter.
   int EntryWidth() const;
   // Called on a double click, on an entry or beside them all.
   std::function<void()> onDoubleClick;
@@ -37,10 +37,12 @@ class ResultsView : public QListView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void FitColumns();
   int columns_ = 1;
+  int wheelAngle_ = 0;  // turned since the last whole notch, in eighths of a degree
 };
 
 class ResultsWindowView : public RecordWindow<ResultsWindow> {
