@@ -62,8 +62,9 @@ void WriteAxis(double axis, char* at) {
 }  // namespace
 
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
-  std::string all(lc.substr(0, 10));
-  all += std::string_view("44MM").substr(all.size() - 6);
+  char padded[] = "______44MM";
+  lc.copy(padded, 10);
+  const std::string_view all(padded, 10);
   Resolution = 278.0 / 60;
   if (lc.size() >= 8) Resolution = 27.8 / 60;
   if (lc.size() >= 10) Resolution = (0.25 / 24 * kKmPerDegree) / 60;
