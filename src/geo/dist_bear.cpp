@@ -1,5 +1,6 @@
 #include "geo/dist_bear.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "geo/angles.h"
@@ -11,11 +12,6 @@ namespace {
 constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
 constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
 constexpr double kOneMetre = 0.001;     // km
-
-// Brings a cosine that rounding pushed beyond -1 or 1 back to it.
-double ClampedCosine(double cosine) {
-  return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
-}
 
 }  // namespace
 
