@@ -9,13 +9,11 @@
 
 namespace {
 
-// Index of a letter in the grid alphabet, from 0.
+// Index of a letter in the grid alphabet, from 0, and back.
 int LetterIndex(char letter) {
   const int index = static_cast<unsigned char>(letter) - 'A';
   return index > 'I' - 'A' ? index - 1 : index;
 }
-
-// The letter with this index in the grid alphabet.
 char LetterAt(int index) {
   return CharFromCode(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }

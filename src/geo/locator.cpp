@@ -18,7 +18,7 @@ constexpr double kKmPerDegree = 111.2;
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-// The number of the character at a position that counts from 1.
+// The number, from 0, of the character at a position that counts from 1.
 int LetterAt(std::string_view lc, std::size_t position) {
   return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
@@ -32,19 +32,15 @@ constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
 // a place on the edge of a cell falls.
 void WriteAxisByStep(double axis, char* at) {
   const int field = FloorToInt16(axis / 10);
-  const double inField = axis - 10 * field;
-  const int square = FloorToInt16(inField);
-  const double inSquare = inField - square;
-  const int subsquare = FloorToInt16(inSquare * 24);
-  const double inSubsquare = inSquare - subsquare / 24.0;
-  const int extended = FloorToInt16(inSubsquare * 240);
-  const double inExtended = inSubsquare - extended / 240.0;
-  const int finest = FloorToInt16(inExtended * kCells);
-  at[0] = CharFromCode('A' + field);
-  at[2] = CharFromCode('0' + square);
-  at[4] = CharFromCode('A' + subsquare);
-  at[6] = CharFromCode('0' + extended);
-  at[8] = CharFromCode('A' + finest);
+  double rest = axis - 10 * field;
+  char first = 'A';
+  *at = CharFromCode(first + field);
+  for (const double cellsPerUnit : {1.0, 24.0, 240.0, kCells}) {
+    const int number = FloorToInt16(rest * cellsPerUnit);
+    rest -= number / cellsPerUnit;
+    first = first == 'A' ? '0' : 'A';
+    *(at += 2) = CharFromCode(first + number);
+  }
 }
 
 // Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
@@ -66,27 +62,18 @@ void WriteAxis(double axis, char* at) {
 }  // namespace
 
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
-  double extendedLon = 4;
-  double extendedLat = 4;
-  double finestLon = 'M' - 'A';
-  double finestLat = 'M' - 'A';
+  char padded[] = "______44MM";
+  lc.copy(padded, 10);
+  const std::string_view all(padded, 10);
   Resolution = 278.0 / 60;
-  if (lc.size() >= 8) {
-    extendedLon = DigitAt(lc, 7);
-    extendedLat = DigitAt(lc, 8);
-    Resolution = 27.8 / 60;
-  }
-  if (lc.size() >= 10) {
-    finestLon = LetterAt(lc, 9);
-    finestLat = LetterAt(lc, 10);
-    Resolution = (0.25 / 24 * kKmPerDegree) / 60;
-  }
-  const int wholeLon = (LetterAt(lc, 1) - 9) * 20 + 2 * DigitAt(lc, 3);
-  const int wholeLat = (LetterAt(lc, 2) - 9) * 10 + DigitAt(lc, 4);
-  Lon = wholeLon + (5.0 * LetterAt(lc, 5)) / 60 + (0.5 * extendedLon) / 60 + finestLon / 2880 +
-        kHalfCellLon;
-  Lat = wholeLat + (2.5 * LetterAt(lc, 6)) / 60 + (0.25 * extendedLat) / 60 + finestLat / 5760 +
-        kHalfCellLat;
+  if (lc.size() >= 8) Resolution = 27.8 / 60;
+  if (lc.size() >= 10) Resolution = (0.25 / 24 * kKmPerDegree) / 60;
+  const int wholeLon = (LetterAt(all, 1) - 9) * 20 + 2 * DigitAt(all, 3);
+  const int wholeLat = (LetterAt(all, 2) - 9) * 10 + DigitAt(all, 4);
+  Lon = wholeLon + (5.0 * LetterAt(all, 5)) / 60 + (0.5 * DigitAt(all, 7)) / 60 +
+        LetterAt(all, 9) / 2880.0 + kHalfCellLon;
+  Lat = wholeLat + (2.5 * LetterAt(all, 6)) / 60 + (0.25 * DigitAt(all, 8)) / 60 +
+        LetterAt(all, 10) / 5760.0 + kHalfCellLat;
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {
