@@ -19,6 +19,7 @@
 #include "workspace/events/start_and_exit.h"
 #include "workspace/record/control_tables.h"
 #include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
 
 namespace {
 
@@ -116,6 +117,16 @@ constexpr struct {
     {"port", false,
      [](Session& s, std::string_view rest) {
        s.platform.serial.ports.insert(static_cast<int>(TextToNumber(rest)));
+     }},
+    {"store", false,
+     [](Session& s, std::string_view rest) {
+       const std::string path = Unescaped(TakeWord(rest));
+       if (!s.platform.files) s.platform.files.emplace();
+       (*s.platform.files)[path] = Unescaped(rest);
+     }},
+    {"fail", false,
+     [](Session& s, std::string_view rest) {
+       s.platform.faults = {.failAt = RoundToInt16(TextToNumber(rest))};
      }},
     {"start", false, [](Session& s, std::string_view) { Start(s); }},
     {"type", true,

@@ -149,6 +149,8 @@ void PrintChanges(const Workspace* w, HeadlessPlatform& platform, Printed& print
   }
   for (const auto& [name, setting] : platform.settings)
     print("Setting " + setting.section + " " + setting.key, Value(setting.text));
+  if (platform.files)
+    for (const auto& [path, text] : *platform.files) print("File " + path, Value(text));
   for (const std::string& event : platform.events) out << Escaped(event) << '\n';
   platform.events.clear();
   out << ".\n";
