@@ -88,7 +88,9 @@ void FramedWindow::Refresh() {
 void FramedWindow::ShowTitle() {
   constexpr int kFrameButtons = 120;  // pixels
   setWindowTitle(ToQt(state_.caption));
-  const int width = fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons;
+  QFont bold = font();
+  bold.setBold(true);
+  const int width = QFontMetrics(bold).horizontalAdvance(windowTitle()) + kFrameButtons;
   if (layout() != nullptr && width > layout()->totalMinimumSize().width())
     setMinimumWidth(std::min(width, ScreenAt(pos()).width()));
 }

@@ -84,6 +84,13 @@ double FontScale(const QWidget* widget) {
   return std::max(1.0, widget->fontMetrics().height() / kDesignLineHeight);
 }
 
+void SetPlainFrame(QFrame* frame) {
+  frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+  QPalette palette = frame->palette();
+  palette.setColor(QPalette::WindowText, QColor(170, 170, 170));
+  frame->setPalette(palette);
+}
+
 void SetMinimumWidthFor(QLineEdit* edit, const char* text) {
   const int width = edit->fontMetrics().horizontalAdvance(QString::fromUtf8(text));
   QStyleOptionFrame option;

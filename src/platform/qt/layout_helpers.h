@@ -47,5 +47,9 @@ QFont FontAtLeast(const QWidget* widget, double points, bool bold);
 // scaled by it.
 double FontScale(const QWidget* widget);
 
+// Frames a list or a text so that the frame is whole on a screen of fractional scale, where the
+// style's frame is cut.
+void SetPlainFrame(QFrame* frame);
+
 // Makes a field wide enough for a text in its own font.
 void SetMinimumWidthFor(QLineEdit* edit, const char* text);

@@ -37,6 +37,7 @@ void ResultsModel::Refresh() {
 ResultsView::ResultsView(QWidget* parent) : QListView(parent) {
   setFlow(QListView::TopToBottom);
   setWrapping(true);
+  SetPlainFrame(this);
   setResizeMode(QListView::Adjust);
   setUniformItemSizes(true);
   setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -13,6 +13,7 @@ SetUpWindowView::SetUpWindowView(CommandRunner& runner) : RecordWindow(runner, r
   NameByLabel(CPort_, Label2_);
   NameByLabel(Baud_, Label1_);
   Text1_->setAccessibleName("Message");
+  SetPlainFrame(Text1_);
 
   auto* grid = new QGridLayout(this);
   grid->addWidget(Label2_, 0, 0);
