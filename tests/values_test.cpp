@@ -178,10 +178,6 @@ TEST(Integers, RoundToEvenAndSaturate) {
   EXPECT_EQ(RoundToInt16(-40000), -32768);
   EXPECT_EQ(RoundToInt16(std::nan("")), 0);
   EXPECT_EQ(RoundToInt32(kInfinity), 2147483647);
-  EXPECT_EQ(IntDivide(499999.6, 100000), 5);
-  EXPECT_EQ(IntDivide(-7, 2), -3);
-  EXPECT_EQ(IntDivide(-1e300, -1), 2147483647);
-  EXPECT_EQ(IntDivide(1, 0.4), 0);
 }
 
 TEST(UpperOf, RaisesWhatHasACapital) {
@@ -192,10 +188,9 @@ TEST(UpperOf, RaisesWhatHasACapital) {
       "ABCDEFGHIJKLMNOPQRSTUVWXYZ\x8A\x8C\x8E\x9F\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9\xCA\xCB"
       "\xCC\xCD\xCE\xCF\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD\xDE";
   for (int code = 0; code < 256; ++code) {
-    const std::string text = CharOf(code);
+    const std::string text(1, CharOf(code));
     const std::size_t at = raised.find(text);
     EXPECT_EQ(UpperOf(text), at == std::string::npos ? text : capitals.substr(at, 1)) << code;
-    EXPECT_EQ(CodeOf(text), code);
   }
 }
 

@@ -15,7 +15,7 @@ int LetterIndex(char letter) {
   return index > 'I' - 'A' ? index - 1 : index;
 }
 char LetterAt(int index) {
-  return CharFromCode(index < 'I' - 'A' ? 'A' + index : 'B' + index);
+  return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
 // Size in metres of one unit of the last of so many digits; 0 above 5 digits.
@@ -26,7 +26,7 @@ int UnitOf(std::size_t digits) {
 
 // Half of a number, rounded to the even one between two.
 std::size_t HalfOf(std::size_t number) {
-  return (number + (number % 4 == 3)) / 2;
+  return number % 4 == 3 ? (number + 1) / 2 : number / 2;
 }
 
 // One axis of a reference.

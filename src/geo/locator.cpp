@@ -34,12 +34,12 @@ void WriteAxisByStep(double axis, char* at) {
   const int field = FloorToInt16(axis / 10);
   double rest = axis - 10 * field;
   char first = 'A';
-  *at = CharFromCode(first + field);
+  *at = CharOf(first + field);
   for (const double cellsPerUnit : {1.0, 24.0, 240.0, kCells}) {
     const int number = FloorToInt16(rest * cellsPerUnit);
     rest -= number / cellsPerUnit;
     first = first == 'A' ? '0' : 'A';
-    *(at += 2) = CharFromCode(first + number);
+    *(at += 2) = CharOf(first + number);
   }
 }
 

@@ -50,7 +50,7 @@ void Desktop::StoreSetting(const std::string& section, const std::string& key,
 
 // The name under which a setting is stored: QSettings compares the names of a file with case.
 QString Desktop::SettingName(const std::string& section, const std::string& key) const {
-  const QString wanted = ToQt(section + "/" + key);
+  QString wanted = ToQt(section + "/" + key);
   for (const QString& name : settings_.allKeys())
     if (name.compare(wanted, Qt::CaseInsensitive) == 0) return name;
   return wanted;
@@ -100,7 +100,7 @@ bool Desktop::Shell(const std::string& command, WindowStyle style) {
   // ignored.
   if (style != WindowStyle::Normal) return StartProgram(command, style, {});
   return StartProgram(command, style, [this, alive = QPointer(&serial)] {
-    if (alive) ReportViewerFailure();
+    if (alive != nullptr) ReportViewerFailure();
   });
 }
 

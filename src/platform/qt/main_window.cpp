@@ -54,8 +54,8 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   });
 }
 
-// The user can type the next place at once: it replaces the one that was used. But while Enter means
-// Set as Home, nobody must type over the place and make it a home under another name.
+// The user can type the next place at once: it replaces the one that was used. But while Enter
+// means Set as Home, nobody must type over the place and make it a home under another name.
 void MainWindowView::SelectInput() {
   IsHomeNext() ? InputText_->end(false) : InputText_->selectAll();
 }
@@ -191,7 +191,7 @@ void MainWindowView::StartListing() {
 // What the widget with the focus has no use for is typed into the input box.
 void MainWindowView::keyPressEvent(QKeyEvent* event) {
   const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
-  if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+  if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
     return RecordWindow::keyPressEvent(event);
   InputText_->setFocus();
   QApplication::sendEvent(InputText_, event);

@@ -7,7 +7,7 @@ namespace {
 
 // The buffer has room for the unfinished line of the last block, a block of the file, and padding.
 constexpr std::size_t kLongestCarry = kLongestLine + 1;
-constexpr std::size_t kBlockSize = std::size_t{1} << 18;
+constexpr std::size_t kReadSize = std::size_t{1} << 18;
 constexpr std::size_t kPageSize = 4096;
 
 // Reads the next block to the start of a memory page, where the system copies fastest, and moves
@@ -17,7 +17,7 @@ bool ReadBlock(DatabaseHandle& database) {
   const std::size_t unread = database.limit - database.cursor;
   std::memmove(buffer + database.readStart - unread, buffer + database.cursor, unread);
   const std::optional<std::size_t> count =
-      database.file->Read(buffer + database.readStart, kBlockSize);
+      database.file->Read(buffer + database.readStart, kReadSize);
   if (!count) database.failed = true;
   database.cursor = database.readStart - unread;
   database.limit = database.readStart + count.value_or(0);
@@ -26,10 +26,10 @@ bool ReadBlock(DatabaseHandle& database) {
 
 void AllocateBuffer(DatabaseHandle& database) {
   if (!database.buffer.empty()) return;
-  database.buffer.resize(kLongestCarry + kPageSize + kBlockSize + kBlockPadding);
+  database.buffer.resize(kLongestCarry + kPageSize + kReadSize + kBlockPadding);
   void* start = database.buffer.data() + kLongestCarry;
-  std::size_t space = kPageSize + kBlockSize;
-  start = std::align(kPageSize, kBlockSize, start, space);
+  std::size_t space = kPageSize + kReadSize;
+  start = std::align(kPageSize, kReadSize, start, space);
   database.readStart = static_cast<std::size_t>(static_cast<char*>(start) - database.buffer.data());
 }
 

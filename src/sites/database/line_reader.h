@@ -9,8 +9,7 @@
 // Longer lines are skipped.
 inline constexpr std::size_t kLongestLine = 32766;
 
-// The buffer is readable for so many bytes behind the last one read, whatever they contain, so that
-// a search can look at whole blocks.
+// Readable padding behind the bytes read, so that a search may read whole blocks.
 inline constexpr std::size_t kBlockPadding = 128;
 
 // Closes the handle, opens the file that LocDatabase names and reads its first block. A file that

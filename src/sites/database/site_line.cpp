@@ -10,8 +10,8 @@ SiteLine SplitSiteLine(std::string_view line) {
   return {true, line.substr(0, first), line.substr(first + 1, second - first - 1)};
 }
 
-// Any nine characters in a row include one at an index of 8 modulo 9, so most lines are cleared by
-// looking at every ninth character.
+// A marker of nine characters covers an index of 8 modulo 9, so testing every ninth character
+// clears most lines.
 bool HasEndMarker(std::string_view line) {
   static constexpr std::array<bool, 256> kOfMarker = [] {
     std::array<bool, 256> isOfMarker{};

@@ -6,7 +6,7 @@
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
 
-// TARNWICK_PORTABLE leaves out what is written for one processor.
+// The option TARNWICK_PORTABLE leaves out code for one processor.
 #if defined(__SSE2__) && !defined(TARNWICK_PORTABLE)
 #define TARNWICK_SSE2
 #include <emmintrin.h>
@@ -20,71 +20,73 @@ static_assert(kBlock + CharacterPair::kFarthest <= kBlockPadding);
 constexpr MaskedByte kReturn{0, '\r'};
 constexpr MaskedByte kTilde{0, '~'};
 
-// The end marker by its first two Ds: hardly a word has a D three behind another.
+// Two of the Ds of the end marker: in names and remarks a D rarely follows another at this
+// distance.
 constexpr CharacterPair kEndMarker{{0, 'D'}, {0, 'D'}, 2, 5};
 
-// Bit i of the results tells whether the character at[i] passes, or whether a text that has the
-// pair can start there. All 64 places are looked at.
+// MatchMask64 sets bit i if at[i] passes a test, or if a text that contains the pair may begin at
+// at[i], for i from 0 to 63. It reads up to kBlock + kFarthest characters.
 #ifdef TARNWICK_SSE2
 
 __m128i Passing(const char* at, MaskedByte test) {
   const __m128i text = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-  const __m128i folded = _mm_or_si128(text, _mm_set1_epi8(static_cast<char>(test.fold)));
-  return _mm_cmpeq_epi8(folded, _mm_set1_epi8(static_cast<char>(test.value)));
+  const __m128i folded = _mm_or_si128(text, _mm_set1_epi8(static_cast<char>(test.mask)));
+  return _mm_cmpeq_epi8(folded, _mm_set1_epi8(static_cast<char>(test.expected)));
 }
 
-std::uint64_t Bits(__m128i passing, std::size_t place) {
-  return std::uint64_t{static_cast<std::uint16_t>(_mm_movemask_epi8(passing))} << place;
+std::uint64_t Bits(__m128i passing, std::size_t firstBit) {
+  return std::uint64_t{static_cast<std::uint16_t>(_mm_movemask_epi8(passing))} << firstBit;
 }
 
-std::uint64_t Where(const char* at, MaskedByte test) {
-  std::uint64_t where = 0;
-  for (std::size_t i = 0; i < kBlock; i += 16) where |= Bits(Passing(at + i, test), i);
-  return where;
+std::uint64_t MatchMask64(const char* at, MaskedByte test) {
+  std::uint64_t mask = 0;
+  for (std::size_t i = 0; i < kBlock; i += 16) mask |= Bits(Passing(at + i, test), i);
+  return mask;
 }
 
-std::uint64_t Where(const char* at, const CharacterPair& pair) {
-  std::uint64_t where = 0;
+std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
+  std::uint64_t mask = 0;
   for (std::size_t i = 0; i < kBlock; i += 16) {
     const __m128i first = Passing(at + i + pair.firstAt, pair.first);
     const __m128i second = Passing(at + i + pair.secondAt, pair.second);
-    where |= Bits(_mm_and_si128(first, second), i);
+    mask |= Bits(_mm_and_si128(first, second), i);
   }
-  return where;
+  return mask;
 }
 
-#else  // the same on any processor
+#else  // any processor
 
-std::uint64_t Where(const char* at, MaskedByte test) {
-  std::uint64_t where = 0;
+std::uint64_t MatchMask64(const char* at, MaskedByte test) {
+  std::uint64_t mask = 0;
   for (std::size_t i = 0; i < kBlock; ++i) {
-    const bool passes = (static_cast<unsigned char>(at[i]) | test.fold) == test.value;
-    where |= std::uint64_t{passes} << i;
+    const bool passes = (static_cast<unsigned char>(at[i]) | test.mask) == test.expected;
+    mask |= std::uint64_t{passes} << i;
   }
-  return where;
+  return mask;
 }
 
-std::uint64_t Where(const char* at, const CharacterPair& pair) {
-  return Where(at + pair.firstAt, pair.first) & Where(at + pair.secondAt, pair.second);
+std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
+  return MatchMask64(at + pair.firstAt, pair.first) & MatchMask64(at + pair.secondAt, pair.second);
 }
 
 #endif
 
-// Where a line ends of which no character is a "~". The sum carries a bit from the start of each
-// line to its first "~", so a return that the carry reaches ends such a line. noTildeYet tells
-// whether the line that goes on from block to block has had none yet.
+// Returns the carriage returns of a block that end a line without a "~". The addition carries a bit
+// from the start of each line through all characters but "~", so it reaches the return of such a
+// line. `noTildeYet` is whether the line that crosses the start of the block had no "~" so far, and
+// is updated for the next block.
 std::uint64_t ReturnsWithoutTilde(const char* at, bool& noTildeYet) {
-  const std::uint64_t returns = Where(at, kReturn);
-  const std::uint64_t others = ~Where(at, kTilde);
-  const std::uint64_t starts = returns << 1 | std::uint64_t{noTildeYet};
+  const std::uint64_t returns = MatchMask64(at, kReturn);
+  const std::uint64_t others = ~MatchMask64(at, kTilde);
+  const std::uint64_t starts = returns << 1 | (noTildeYet ? 1U : 0U);
   const std::uint64_t sum = others + starts;
   const std::uint64_t carried = sum ^ others ^ starts;
   noTildeYet = returns >> (kBlock - 1) != 0 || sum < others;
   return returns & (carried | starts);
 }
 
-// Takes from the places those before `end` at which the text does not stand, up to the first at
-// which it does.
+// Clears the bits of places where the text does not begin, up to the first place where it does.
+// Places from `end` on are kept.
 void ClearFalseCandidates(std::uint64_t& places, const char* at, const char* end,
                           const CaseBlindText& sought) {
   while (places != 0) {
@@ -94,10 +96,10 @@ void ClearFalseCandidates(std::uint64_t& places, const char* at, const char* end
   }
 }
 
-// The start of the line in which `at` stands, or `from` if it starts before.
+// Returns the start of the line that contains `at`, or `from` if the line starts before it.
 const char* LineStart(const char* from, const char* at) {
   while (static_cast<std::size_t>(at - from) >= kBlock) {
-    const std::uint64_t returns = Where(at - kBlock, kReturn);
+    const std::uint64_t returns = MatchMask64(at - kBlock, kReturn);
     if (returns != 0) return at - std::countl_zero(returns);
     at -= kBlock;
   }
@@ -105,7 +107,7 @@ const char* LineStart(const char* from, const char* at) {
   return at;
 }
 
-// Moves on to the start of the line in which `at` stands, and gives its place in the line.
+// Moves the cursor to the start of the line that contains `at`. Returns the index of `at` in it.
 std::size_t AdvanceToLineOf(DatabaseHandle& database, const char* at) {
   const char* from = database.buffer.data() + database.cursor;
   const char* start = LineStart(from, at);
@@ -117,14 +119,14 @@ std::size_t AdvanceToLineOf(DatabaseHandle& database, const char* at) {
   return static_cast<std::size_t>(at - start);
 }
 
-// The name of the last line that ends before `start`, if one does.
+// Stores the name of the last line that ends before `start`, if there is one, in sitename.
 void CaptureLastSiteName(const DatabaseHandle& database, const char* start, std::string& sitename) {
   const char* from = database.buffer.data() + database.cursor;
   while (start != from) {
     const char* end = start - 1;
     start = LineStart(from, end);
     const bool lineFeed = (start != from || database.skipLineFeed) && *start == '\n';
-    const std::string_view line(start + lineFeed, end);
+    const std::string_view line(lineFeed ? start + 1 : start, end);
     if (line.size() > kLongestLine) continue;
     sitename = SplitSiteLine(line).name;
     return;
@@ -136,9 +138,9 @@ void CaptureLastSiteName(const DatabaseHandle& database, const char* start, std:
 std::size_t SkipNonMatchingLines(DatabaseHandle& database, const CaseBlindText& sought) {
   const char* at = database.buffer.data() + database.cursor;
   const char* end = database.buffer.data() + database.limit;
-  const CharacterPair rarest = sought.rarest;  // a copy, which the compiler need not read again
+  const CharacterPair rarest = sought.rarest;  // a copy: the compiler keeps it in registers
   for (; at < end; at += kBlock) {
-    std::uint64_t places = Where(at, rarest);
+    std::uint64_t places = MatchMask64(at, rarest);
     ClearFalseCandidates(places, at, end, sought);
     if (places != 0) return AdvanceToLineOf(database, std::min(at + std::countr_zero(places), end));
   }
@@ -153,9 +155,9 @@ void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought,
   const char* at = from;
   const CharacterPair rarest = sought.rarest;
   for (std::uint64_t found = 0; at < end; at += kBlock) {
-    std::uint64_t places = Where(at, rarest);
+    std::uint64_t places = MatchMask64(at, rarest);
     ClearFalseCandidates(places, at, end, sought);
-    found = ReturnsWithoutTilde(at, noTildeYet) | places | Where(at, kEndMarker);
+    found = ReturnsWithoutTilde(at, noTildeYet) | places | MatchMask64(at, kEndMarker);
     if (found == 0) continue;
     at += std::countr_zero(found);
     break;

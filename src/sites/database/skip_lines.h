@@ -1,9 +1,8 @@
-// Searching the site database faster than line by line. A search may first pass over lines that it
-// would read in vain; the next ReadLine gives the first line that is not surely one of them.
-// Leaving the calls out changes nothing but the time, which is how they are tested.
+// Skips lines that cannot match a search; the results are the same without it, which is how the
+// tests check it.
 //
-// A line can hold a text only where two of its characters stand, so the buffer is looked through
-// for such a pair, 64 characters at a time, and only lines in which the whole text stands are read.
+// A line can contain a text only where it contains a certain pair of its characters. The buffer is
+// searched for the pair, 64 characters at a time, and only a line with the whole text is read.
 #pragma once
 
 #include <cstdint>
@@ -11,13 +10,13 @@
 #include "sites/database/text_search.h"
 #include "workspace/record/workspace.h"
 
-// Passes over lines that don't hold the text. The last line read so far, which may be incomplete,
-// is left to be read. Gives the place in the next line at which the text should first be looked
-// for.
+// Moves the cursor past lines that do not contain the text. Stops before the last line in the
+// buffer, which may be incomplete. Returns the index in the next line at which a search for the
+// text may begin.
 std::size_t SkipNonMatchingLines(DatabaseHandle& database, const CaseBlindText& sought);
 
-// Passes over lines that hold a "~" but neither the text nor the end marker, as
-// SkipNonMatchingLines does. sitename becomes the name of the last line passed over, if there is
-// one.
+// Moves the cursor past lines that contain a "~" but neither the text nor the end marker, as
+// SkipNonMatchingLines does. Stores the name of the last skipped line, if there is one, in
+// sitename.
 void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought,
                           std::string& sitename);

@@ -10,16 +10,16 @@ unsigned char Code(char c) {
   return static_cast<unsigned char>(c);
 }
 
-// Both cases of a capital differ in the bits of fold.
-MaskedByte TestFor(char capital) {
+// The test for a capital and its small letters, which differ from it in the bits of the mask.
+MaskedByte MaskedByteFor(char capital) {
   MaskedByte test;
   for (std::size_t code = 0; code < kCapitals.size(); ++code)
-    if (kCapitals[code] == capital) test.fold |= static_cast<unsigned char>(code ^ Code(capital));
-  test.value = Code(capital) | test.fold;
+    if (kCapitals[code] == capital) test.mask |= static_cast<unsigned char>(code ^ Code(capital));
+  test.expected = Code(capital) | test.mask;
   return test;
 }
 
-// The two rarest characters by how common they are in names and remarks.
+// The two characters of a text that are rarest in names and remarks.
 CharacterPair RarestPairOf(std::string_view upper) {
   constexpr std::string_view kCommonFirst = " EAOTINRSLHDG1F0CM2U34B5W6P789KY~,.VZXQJ";
   const std::string_view text = upper.substr(0, CharacterPair::kFarthest + 1);
@@ -33,8 +33,8 @@ CharacterPair RarestPairOf(std::string_view upper) {
   CharacterPair pair;
   pair.firstAt = rarestBut(text.size());
   pair.secondAt = rarestBut(pair.firstAt);
-  pair.first = TestFor(text[pair.firstAt]);
-  pair.second = TestFor(text[pair.secondAt]);
+  pair.first = MaskedByteFor(text[pair.firstAt]);
+  pair.second = MaskedByteFor(text[pair.secondAt]);
   return pair;
 }
 

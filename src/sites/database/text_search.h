@@ -1,4 +1,4 @@
-// A text to search lines for without regard to case.
+// Searches lines for a text without regard to case.
 #pragma once
 
 #include <array>
@@ -6,32 +6,32 @@
 #include <string>
 #include <string_view>
 
-// Characters that give `value` when the bits of `fold` are set: one, or a letter in both cases, and
-// for some accented letters a few more.
+// Matches a character c where (c | mask) == expected: one character, or a letter in both cases. For
+// some accented letters it matches a few more, so a match is checked again.
 struct MaskedByte {
-  unsigned char fold = 0, value = 0;
+  unsigned char mask = 0, expected = 0;
 };
 
-// Two characters of a text, and how far behind its start they stand, at most kFarthest. As they
-// stand here any two will do.
+// Two characters of a text and their indices in it, at most kFarthest. The initial value matches
+// anywhere.
 struct CharacterPair {
   static constexpr std::size_t kFarthest = 63;
   MaskedByte first{0xFF, 0xFF}, second{0xFF, 0xFF};
   std::size_t firstAt = 0, secondAt = 0;
 };
 
-// The text folded once, with what a search needs to know of it.
+// A text to search for, with the tables that the search needs.
 struct CaseBlindText {
   explicit CaseBlindText(std::string_view text);
   std::string upper;
-  // By the character under the end of the text: how far the text can move on, and whether it could
-  // end there.
+  // Horspool's tables, by the character under the end of the text: how far the text can be moved
+  // on, and whether the text may end there.
   std::array<std::size_t, 256> shift{};
   std::array<bool, 256> ends{};
-  CharacterPair rarest;  // the text stands nowhere without them
+  CharacterPair rarest;  // every occurrence contains it
 };
 
-// Whether the text stands anywhere in the line, the "~" included. The empty text always does.
+// Whether the line contains the text, anywhere, "~" included. Every line contains the empty text.
 bool Matches(std::string_view line, const CaseBlindText& sought);
 
 // Whether the rest of a line begins with the text.

@@ -136,8 +136,8 @@ bool MayBeListed(const AcceleratedSquare& square, const Limits& limits) {
 
 ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits) {
   return {limits, HomeStationAt(w.BaseLat, w.BaseLong),
-          std::vector<AcceleratedSquare>(kGridColumns * kGridRows),
-          std::vector<AcceleratedSquare>(kBoxColumns * kBoxRows)};
+          std::vector<AcceleratedSquare>(std::size_t{kGridColumns} * kGridRows),
+          std::vector<AcceleratedSquare>(std::size_t{kBoxColumns} * kBoxRows)};
 }
 
 RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text) {

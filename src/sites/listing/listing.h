@@ -4,14 +4,16 @@
 
 #include "workspace/record/workspace.h"
 
-// One whole run: reads the database that LocDatabase names, writes the file that ListFileName names
-// anew, and opens it in the text viewer. The limits are the texts of MinDisttext, MaxDistText (km),
-// FromBearText, ToBearText (degrees) and Srchtext. Lat, Lon, Dist and the rest are left as the last
-// record made them. Without the database the message is "Site datbase not found"; any failure
-// behind that gives "Path or filename error" and no viewer.
+// Reads the database that LocDatabase names, writes the file that ListFileName names, replacing an
+// old one, and opens it in the text viewer.
+// Reads   LocDatabase, ListFileName, MinDisttext, MaxDistText (km), FromBearText, ToBearText
+//         (degrees), Srchtext, and the home station.
+// Writes  Lat, Lon, Dist and all else that decoding the last record changes.
+// Without the database the message is "Site datbase not found"; for any later failure it is "Path
+// or filename error", and no viewer is started.
 void MakeList_Click(Workspace& w);
 
-// The same with a largest distance of 20 km, which stays in MaxDistText.
+// Runs MakeList_Click with 20 km in MaxDistText, where it stays.
 void LocSites_Click(Workspace& w);
 
 // Shows the message for a listing that cannot be written or shown: "Path or filename error".

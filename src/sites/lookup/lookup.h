@@ -1,4 +1,4 @@
-// The lookup: every site whose line contains what is in the input box, in the Results window.
+// The lookup: lists every site whose line contains the text of the input box.
 #pragma once
 
 #include "workspace/record/workspace.h"

@@ -1,22 +1,22 @@
-// The Results window: what a lookup found, to pick from.
+// The Results window: the list of sites that a lookup found, and picking one of them.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
-// Shows the window a third of the way across and a quarter of the way down the main window, loading
-// it with an empty list if it is not loaded.
+// Shows the window, a third of the main window's width and a quarter of its height from its top
+// left corner. Loads the window with an empty list if it is not loaded.
 void OpenResults(Workspace& w);
 
-// Records where the window stands in ListLeft and ListTop and unloads it.
+// Stores the position of the window in ListLeft and ListTop and unloads it.
 void CloseResults(Workspace& w);
 
 namespace ShowList {
 
-// Picks: the selected entry goes into InputText and Use This runs on it, also when an earlier pick
-// has disabled it. Use This is disabled until a click in the input box, and Enter means Set as
-// Home.
+// Picks the selected entry: copies it to InputText and runs Use This, even if an earlier pick has
+// disabled it. Then disables Use This until a click in the input box, and makes Set as Home the
+// default button.
 void OK_Click(Workspace& w);
-// The same, by a double click on the entry.
+// A double click on an entry picks it in the same way.
 void PR_DblClick(Workspace& w);
 
 }  // namespace ShowList

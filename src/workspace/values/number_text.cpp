@@ -66,7 +66,7 @@ std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places)
   const auto whole = static_cast<std::int32_t>(scaled);
   const double fraction = scaled - whole;
   if (std::fabs(fraction - 0.5) <= scaled * kMargin) return {};
-  return static_cast<std::uint32_t>(whole) + (fraction > 0.5);
+  return static_cast<std::uint32_t>(whole) + (fraction > 0.5 ? 1 : 0);
 }
 
 std::size_t DigitCount(std::uint32_t number) {

@@ -1,5 +1,5 @@
-// How a number or a date becomes a visible text, and how a text becomes a number. Nothing here
-// reads the locale, and nothing fails.
+// Numbers and dates as texts, and texts as numbers. Nothing here reads the locale, and nothing
+// fails.
 #pragma once
 
 #include <algorithm>
@@ -7,9 +7,10 @@
 #include <string>
 #include <string_view>
 
-// The parts of a picture such as "##0.0" or "0.00km / ": a literal head, whole-part places,
-// optionally a point and fraction places, a literal tail. `0` always prints a digit, `#` only a
-// digit that counts; all whole digits are printed however few the places.
+// The parts of a picture such as "##0.0" or "0.00km / ": a literal head, places of the whole part,
+// optionally a point and places of the fraction, a literal tail. `0` always prints a digit, `#`
+// only a digit other than a leading or trailing zero. All whole digits are printed, however few the
+// places.
 struct Picture {
   std::string_view head, tail;
   std::size_t wholeZeros = 0;  // whole digits printed even if 0
@@ -18,12 +19,14 @@ struct Picture {
   std::size_t fractionZeros = 0;   // fraction digits printed even if 0
 };
 
+// Splits the text of a picture, which must outlive the result.
 constexpr Picture PictureOf(std::string_view text) {
   constexpr auto isPlace = [](char c) { return c == '0' || c == '#'; };
   Picture picture;
   std::size_t at = std::min(text.find_first_of("0#."), text.size());
   picture.head = text.substr(0, at);
-  for (; at < text.size() && isPlace(text[at]); ++at) picture.wholeZeros += text[at] == '0';
+  for (; at < text.size() && isPlace(text[at]); ++at)
+    if (text[at] == '0') ++picture.wholeZeros;
   if (at < text.size() && text[at] == '.') {
     picture.point = true;
     for (++at; at < text.size() && isPlace(text[at]); ++at) {
@@ -35,27 +38,27 @@ constexpr Picture PictureOf(std::string_view text) {
   return picture;
 }
 
-// Writes the text of a number under a picture over the characters of `text` from position `at` on,
-// counted from 0; the text grows if it is too short. The number is first written with 15
-// significant digits, and that decimal text is rounded at the last fraction place, a tie going away
-// from zero. A minus stands in front of the whole result; a value that rounds to zero has none.
+// Writes a number under a picture over the characters of `text` from index `at` on, counted from 0;
+// the text grows if it is too short. The number is written with 15 significant digits first, and
+// that decimal text is rounded at the last fraction place, a tie away from zero. A minus is put in
+// front of the whole result, but not in front of a value that rounds to zero.
 void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture);
 
-// The same as a text of its own.
+// Returns what PutPicture writes.
 std::string FormatPicture(double number, std::string_view picture);
 
-// A date under a picture in which YYYY, mm and dd stand for four-digit year, month and day.
+// Returns a date under a picture in which YYYY, mm and dd are replaced by year, month and day.
 std::string FormatDate(std::chrono::year_month_day date, std::string_view picture);
 
-// The number at the front of a text; what follows is ignored, and a text in which no number begins
-// reads 0. Blanks, tabs and line feeds are skipped even between digits. An exponent is a letter E
-// or D in either case with a digit behind it; &H and &O open hexadecimal and octal whole numbers.
-// The result is always finite.
+// Reads the number at the front of a text and ignores the rest; returns 0 if the text does not
+// begin with a number. Blanks, tabs and line feeds are skipped, even between digits. An exponent is
+// a letter E or D in either case with a digit after it; &H and &O introduce hexadecimal and octal
+// whole numbers. The result is always finite.
 double TextToNumber(std::string_view text);
 
-// The decimal text of a number, at most 15 significant digits (7 for a single), no zero before the
-// point, a leading blank if it is not negative: 51.5 gives " 51.5", -0.5 gives "-.5". Above 15 (7)
-// whole digits, or with as many zeros behind the point, an exponent is written. TextToNumber reads
-// every such text back.
+// Returns the decimal text of a number: at most 15 significant digits (7 for a float), no zero
+// before the point, a blank in front if it is not negative: " 51.5" for 51.5, "-.5" for -0.5. With
+// more than 15 (7) whole digits, or as many zeros after the point, it has an exponent. TextToNumber
+// reads every such text back.
 std::string NumberToText(double number);
 std::string NumberToText(float number);

@@ -1,5 +1,5 @@
-// How numbers become integers or finite numbers. Nothing here fails: a value outside the range of
-// the result becomes the nearest value inside it, and NaN becomes 0.
+// Rounding and range limits. Nothing here fails: a value outside the range of the result becomes
+// the nearest value inside it, and NaN becomes 0.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-// The whole number as an `Integer`, limited to its range; 0 for NaN. A fraction is cut off.
+// Returns the number as an `Integer`, with the fraction cut off.
 template <class Integer>
 Integer Saturated(double whole) {
   using Limits = std::numeric_limits<Integer>;
@@ -17,24 +17,23 @@ Integer Saturated(double whole) {
   return static_cast<Integer>(whole);
 }
 
-// The number itself, or the nearest finite one: an infinity becomes the largest finite number of
-// its sign, NaN becomes 0.
+// Returns a finite number itself, for an infinity the largest finite number of its sign.
 inline double Finite(double number) {
   constexpr double kLargest = std::numeric_limits<double>::max();
   if (std::isnan(number)) return 0;
   return std::clamp(number, -kLargest, kLargest);
 }
 
-// The nearest single-precision number, finite; window positions are stored so.
+// Returns the nearest single-precision number, finite. Window positions are stored in it.
 float ToSingle(double number);
 
-// Nearest integer; a tie goes to the even one.
+// Return the nearest integer, for a tie the even one. Inline, since a listing rounds often.
 inline std::int32_t RoundToInt32(double number) {
   if (!(std::fabs(number) < 0x1p30)) return Saturated<std::int32_t>(std::nearbyint(number));
   const auto whole = static_cast<std::int32_t>(number);
   const double fraction = number - whole;
   const double half = whole % 2 == 0 ? 0.5 : 0x1.fffffffffffffp-2;  // odd: a tie exceeds it
-  return whole + (fraction > half) - (fraction < -half);
+  return whole + (fraction > half ? 1 : 0) - (fraction < -half ? 1 : 0);
 }
 inline std::int16_t RoundToInt16(double number) {
   constexpr std::int32_t kLeast = std::numeric_limits<std::int16_t>::min();
@@ -42,16 +41,12 @@ inline std::int16_t RoundToInt16(double number) {
   return static_cast<std::int16_t>(std::clamp(RoundToInt32(number), kLeast, kMost));
 }
 
-// The largest integer not above the number.
+// Returns the largest integer that is not above the number.
 inline std::int16_t FloorToInt16(double number) {
   if (!(std::fabs(number) < 0x1p14)) return Saturated<std::int16_t>(std::floor(number));
   const auto whole = static_cast<std::int16_t>(number);
-  return static_cast<std::int16_t>(whole - (number < whole));
+  return static_cast<std::int16_t>(number < whole ? whole - 1 : whole);
 }
 
-// Rounds both numbers with RoundToInt32 and returns the quotient, cut toward zero; 0 if the divisor
-// rounds to 0.
-std::int32_t IntDivide(double dividend, double divisor);
-
-// -1, 0 or 1; 0 for NaN.
+// Returns -1, 0 or 1.
 int SignOf(double number);

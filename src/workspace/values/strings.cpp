@@ -31,15 +31,6 @@ std::string UpperOf(std::string_view text) {
   return upper;
 }
 
-std::int16_t CodeOf(std::string_view text) {
-  if (text.empty()) return 0;
-  return static_cast<unsigned char>(text.front());
-}
-
-std::string CharOf(int code) {
-  return std::string(1, CharFromCode(code));
-}
-
 std::string Blanks(int count) {
   return std::string(static_cast<std::size_t>(std::max(count, 0)), ' ');
 }

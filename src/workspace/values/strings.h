@@ -1,30 +1,30 @@
-// How texts are cut and searched. Texts are single-byte (Windows-1252), so a position counts
-// characters; positions count from 1, and 0 means absent. Nothing here fails.
+// Cutting and searching texts. Texts are single-byte (Windows-1252), so a position counts
+// characters. Positions count from 1; 0 means absent. Nothing here fails.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-// Length in characters.
+// Returns the length in characters.
 int LengthOf(std::string_view text);
 
-// The first `count` characters, or all of them if there are fewer; empty for a count below 1.
+// Returns the first `count` characters, or all if there are fewer; nothing for a count below 1.
 std::string LeftOf(std::string_view text, int count);
 
-// `count` characters from position `start`, or fewer if the text ends before; empty from beyond the
-// end. A `start` below 1 counts as 1.
+// Returns `count` characters from position `start` on, or fewer if the text ends before. A `start`
+// below 1 counts as 1.
 std::string MidOf(std::string_view text, int start, int count);
-// Everything from position `start` on.
+// Returns everything from position `start` on.
 std::string MidOf(std::string_view text, int start);
 
-// Position of the first exact occurrence of `sought` at or after `start`; 0 if there is none.
+// Returns the position of the first exact occurrence of `sought` at or after `start`; 0 if there is
+// none.
 int FindIn(int start, std::string_view text, std::string_view sought);
 
-// The capital of each character in Windows-1252, by its code; the character itself if it has none.
+// The capital of each character of Windows-1252, by its code; the character itself if it has none.
 inline constexpr std::array<char, 256> kCapitals = [] {
   std::array<char, 256> capitals{};
   for (std::size_t code = 0; code < 256; ++code) {
@@ -38,7 +38,7 @@ inline constexpr std::array<char, 256> kCapitals = [] {
   return capitals;
 }();
 
-// The capital of a character, and the text in capitals, which has the same length.
+// Return the capital of a character, and a text in capitals, which has the same length.
 inline char UpperOf(char character) {
   const auto code = static_cast<unsigned char>(character);
   if (code < 'a') return character;  // digits and capitals, the usual case
@@ -46,23 +46,19 @@ inline char UpperOf(char character) {
 }
 std::string UpperOf(std::string_view text);
 
-// 0 to 9, without regard to the locale.
+// Whether a character is one of 0 to 9, whatever the locale.
 constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// Code, 0 to 255, of the first character; 0 for an empty text.
-std::int16_t CodeOf(std::string_view text);
-
-// One character; codes below 0 count as 0, codes above 255 as 255.
-inline char CharFromCode(int code) {
+// Returns the character with a code; codes below 0 count as 0, codes above 255 as 255.
+inline char CharOf(int code) {
   return static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255)));
 }
-std::string CharOf(int code);
 
-// `count` blanks; none for a count below 1.
+// Returns `count` blanks; none for a count below 1.
 std::string Blanks(int count);
 
-// Writes `item` over the characters of `text` from index `at` on, counted from 0; what would lie
+// Writes `item` over the characters of `text` from index `at` on, counted from 0. What would lie
 // beyond the end of `text` is left out.
 void OverwriteAt(std::string& text, std::size_t at, std::string_view item);

@@ -1,4 +1,4 @@
-// Truth values and values without a fixed type, as the record stores them.
+// Truth values, and values without a fixed type, as the record stores them.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,7 @@
 inline constexpr std::int16_t kTrue = -1;
 inline constexpr std::int16_t kFalse = 0;
 
-// A value that starts empty and takes any number or truth value assigned to it. Empty counts as 0
-// wherever a number is wanted.
+// A number or a truth value, or empty, as at first. Empty converts to 0.
 struct UntypedValue {
   double number = 0;
   bool empty = true;
@@ -18,7 +17,7 @@ struct UntypedValue {
   operator double() const { return number; }
 };
 
-// True only for a value that was set to True; an empty value is never True.
+// Whether the value is True; an empty value is not.
 inline bool IsTrue(const UntypedValue& value) {
   return !value.empty && value.number == kTrue;
 }

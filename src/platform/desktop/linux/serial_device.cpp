@@ -1,12 +1,12 @@
 #include "platform/desktop/serial_device.h"
 
-#include <signal.h>
 #include <sys/file.h>
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSerialPort>
 #include <cerrno>
+#include <csignal>
 #include <iterator>
 
 namespace {
@@ -32,9 +32,9 @@ QString DeviceOf(int port, const QString& folder) {
   constexpr int kPortsPerFamily = 8;
   if (port < 1 || port > kPortsPerFamily * std::ssize(kFamilies)) return {};
   const int index = port - 1;
-  const QString device = QString("%1/%2%3")
-                             .arg(folder, kFamilies[index / kPortsPerFamily])
-                             .arg(index % kPortsPerFamily);
+  QString device = QString("%1/%2%3")
+                       .arg(folder, kFamilies[index / kPortsPerFamily])
+                       .arg(index % kPortsPerFamily);
   const bool hasBoardName = port == 7 || port == 8;
   if (!hasBoardName || QFileInfo::exists(device)) return device;
   const QString boardDevice = folder + (port == 7 ? "/ttyAMA0" : "/serial0");
