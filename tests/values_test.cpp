@@ -54,12 +54,12 @@ TEST(FormatPicture, RoundsTheDecimalTextAwayFromZero) {
 // A number under a picture by way of its 15 significant digits alone.
 std::string ByFifteenDigits(double number, const Picture& picture) {
   std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.14e", std::fabs(number));
+  (void)std::snprintf(text.data(), text.size(), "%.14e", std::fabs(number));
   std::string digits = text[0] + std::string(&text[2], 14);
   const int kept = std::atoi(&text[17]) + 1 + static_cast<int>(picture.fractionPlaces);
   const int zeros = std::max(1 - kept, 1);
   digits.insert(0, static_cast<std::size_t>(zeros), '0');
-  const auto end = static_cast<std::size_t>(zeros + kept);
+  const auto end = static_cast<std::size_t>(std::max(1, 1 + kept));
   digits.resize(std::max(digits.size(), end + 1), '0');
   bool carry = digits[end] >= '5';
   digits.resize(end);
@@ -86,7 +86,7 @@ TEST(FormatPicture, EqualsRoundingOfTheFifteenDigits) {
   std::mt19937_64 random(1);
   const int rounds = std::getenv("TARNWICK_DEEP") != nullptr ? 3'000'000 : 100'000;
   for (int round = 0; round < rounds; ++round) {
-    double number = std::bit_cast<double>(random());  // any double
+    auto number = std::bit_cast<double>(random());  // any double
     if (round % 4 == 1) number = static_cast<double>(random() % 100'000'000) / 977;
     if (round % 4 == 2) number = static_cast<double>(random() % 1'000'000) / 2000;  // half of ties
     if (round % 4 == 3)

@@ -26,7 +26,7 @@ int UnitOf(std::size_t digits) {
 
 // Half of a number, rounded to the even one between two.
 std::size_t HalfOf(std::size_t number) {
-  return number % 4 == 3 ? (number + 1) / 2 : number / 2;
+  return number % 4 == 3 ? number / 2 + 1 : number / 2;
 }
 
 // One axis of a reference.

@@ -51,15 +51,19 @@ Four AnglesOf(const Four& y, const Four& x) {
   return angles;
 }
 
-// Distance and bearings by tangents, where the plain formulas use cosines. `lon` decides the side.
+// Distance and bearings by tangents, where the exact formulas use cosines. `lon` decides the side.
 DistanceAndBearings FiguresOf(const HomeStation& home, const FunctionValues& values, double lon) {
   const double cosArc = values[kCosArc];
-  const double across = home.cosLat * std::fabs(values[kCosLatSinDeltaLon]);
+  const double across = std::fabs(home.cosLat * values[kCosLatSinDeltaLon]);
   const double along = values[kSinLat] - cosArc * home.sinLat;
   const double alongBack = home.sinLat - cosArc * values[kSinLat];
-  const double sinArcCosHome = std::sqrt(across * across + along * along);
+  // All points are scaled by the cosine of the home station's latitude, which is negative beyond a
+  // pole.
+  const double scale = std::fabs(home.cosLat);
+  const double sinArc = std::sqrt(across * across + along * along);
   const auto [arc, bearing, backbearing, unused] =
-      AnglesOf({sinArcCosHome, across, across, 0}, {cosArc * home.cosLat, along, alongBack, 1});
+      AnglesOf({sinArc, across, across, 0},
+               {cosArc * scale, home.cosLat < 0 ? -along : along, alongBack, 1});
   DistanceAndBearings figures{arc * kEarthRadius, bearing * kDegreesPerRadian,
                               backbearing * kDegreesPerRadian};
   if (lon < home.lon) figures.bearing = 360 - figures.bearing;
@@ -69,16 +73,14 @@ DistanceAndBearings FiguresOf(const HomeStation& home, const FunctionValues& val
 
 }  // namespace
 
-bool AreWellConditioned(const HomeStation& home, const DistanceAndBearings& figures) {
-  constexpr double kMostHomeLat = 85;                // degrees
+bool AreWellConditioned(const DistanceAndBearings& figures) {
   constexpr double kLeast = 10, kMost = 20015 - 10;  // km
   constexpr double kFromMeridian = 0.1;              // degrees
   const auto isOffMeridian = [](double bearing) {
     const double fromSouth = std::fabs(bearing - 180);
     return fromSouth > kFromMeridian && fromSouth < 180 - kFromMeridian;
   };
-  return std::fabs(home.lat) < kMostHomeLat && figures.distance > kLeast &&
-         figures.distance < kMost && isOffMeridian(figures.bearing) &&
+  return figures.distance > kLeast && figures.distance < kMost && isOffMeridian(figures.bearing) &&
          isOffMeridian(figures.backbearing);
 }
 

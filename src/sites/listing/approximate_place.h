@@ -15,10 +15,10 @@ inline constexpr double kDistanceError = 5e-6;  // km
 inline constexpr double kBearingError = 1e-5;   // degrees, where AreWellConditioned
 
 // Whether kBearingError applies. It does not within 10 km of the home station and of its antipode,
-// where a small shift turns the bearing far; nor near due north and south, where a shift can change
-// the side of the home station; nor for a home station close to a pole. In the last two cases the
-// exact bearing, an arc cosine near 0 or pi, has few correct digits itself.
-bool AreWellConditioned(const HomeStation& home, const DistanceAndBearings& figures);
+// where a small shift turns the bearing far. It does not near due north and south: there a shift
+// can change the side of the home station, and the exact bearing, an arc cosine, has few correct
+// digits itself. From every place, a home station close to a pole lies due north or south.
+bool AreWellConditioned(const DistanceAndBearings& figures);
 
 // The form in which the places of a square are known: x and y are easting and northing, m, or
 // longitude and latitude, degrees. The other form comes from the polynomials.

@@ -16,8 +16,8 @@ constexpr int kRecordsBeforePolynomials = 8;
 
 // The squares: those of the National Grid, and those of 2 by 1 degrees of the box outside which
 // there are no references, from the south-west corner on.
-constexpr int kGridColumns = 7, kGridRows = 14;
-constexpr int kBoxColumns = 5, kBoxRows = 12;
+constexpr std::size_t kGridColumns = 7, kGridRows = 14;
+constexpr std::size_t kBoxColumns = 5, kBoxRows = 12;
 constexpr double kBoxWest = -8, kBoxSouth = 49, kBoxNorth = 61;  // degrees
 
 // Whether a value from 0 to 2^31 that is off by `error` at most could round differently.
@@ -106,8 +106,9 @@ const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_
   SquareCorner(reference[0], reference[1], x, y);
   if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
   if (!std::all_of(reference.begin() + 2, reference.end(), IsDigit)) return nullptr;
-  const int index = y / kSide * kGridColumns + x / kSide;
-  AcceleratedSquare& square = fast.letteredSquares[static_cast<std::size_t>(index)];
+  const auto column = static_cast<std::size_t>(x / kSide);
+  const auto row = static_cast<std::size_t>(y / kSide);
+  AcceleratedSquare& square = fast.letteredSquares[row * kGridColumns + column];
   if (square.polynomials == nullptr)
     CountRecord(fast.home, square, {1.0 * x, 1.0 * y, kSquareSide, kSquareSide},
                 CoordinateForm::EastingNorthing);
@@ -119,8 +120,8 @@ const AcceleratedSquare* DegreeSquareAt(ListingAccelerator& fast, double lat, do
   if (!IsInGridBox(lat, lon) || lat == kBoxNorth) return nullptr;
   const int column = static_cast<int>(lon - kBoxWest) / 2;
   const int row = static_cast<int>(lat - kBoxSouth);
-  const int index = row * kBoxColumns + column;
-  AcceleratedSquare& square = fast.degreeSquares[static_cast<std::size_t>(index)];
+  AcceleratedSquare& square = fast.degreeSquares[static_cast<std::size_t>(row) * kBoxColumns +
+                                                 static_cast<std::size_t>(column)];
   if (square.polynomials == nullptr)
     CountRecord(fast.home, square, {kBoxWest + 2 * column, kBoxSouth + row, 2, 1},
                 CoordinateForm::LonLat);
@@ -132,6 +133,48 @@ bool MayBeListed(const AcceleratedSquare& square, const Limits& limits) {
   return square.nearest <= limits.maximum && square.farthest >= limits.minimum;
 }
 
+// A position as a reference states it, in the form of its square, and its accuracy in km.
+struct Position {
+  CoordinateForm form = CoordinateForm::EastingNorthing;
+  double x = 0, y = 0;
+  double resolution = 0;
+};
+
+// Returns the square of a record; null if it has none. Computes the position of a locator; that of
+// a grid reference is not needed in a square that is too far.
+const AcceleratedSquare* SquareOf(ListingAccelerator& fast, const SiteRecord& record,
+                                  Position& position) {
+  if (record.kind == kGridReference) return LetteredSquareOf(fast, record.position);
+  if (record.kind != kLocator || record.position.size() % 2 != 0) return nullptr;
+  position.form = CoordinateForm::LonLat;
+  LocatorToWGS84(record.position, position.y, position.x, position.resolution);
+  return DegreeSquareAt(fast, position.y, position.x);
+}
+
+// Appends the row of a record in a square with polynomials, if the record passes the limits.
+RowOutcome AppendFastRow(const ListingAccelerator& fast, const AcceleratedSquare& square,
+                         const SiteRecord& record, Position& position, std::string& text) {
+  const bool isGrid = position.form == CoordinateForm::EastingNorthing;
+  if (isGrid) NGRToGrid(record.position, position.x, position.y, position.resolution);
+  const ApproximatePlace place =
+      PlaceAt(fast.home, *square.polynomials, position.form, position.x, position.y);
+  if (!AreWellConditioned(place.figures) || AreNearLimit(place.figures, fast.limits))
+    return RowOutcome::NeedsExactPath;
+  if (!IsWithin(fast.limits, place.figures)) return RowOutcome::Dropped;
+  if (AreNearTie(place.figures)) return RowOutcome::NeedsExactPath;
+  std::string reference;
+  if (isGrid) {
+    if (IsNearCellEdge(place.y, place.x)) return RowOutcome::NeedsExactPath;
+    GenLocator(place.y, place.x, reference);
+    AppendRow(text, {record.name, reference, record.position, place.figures});
+  } else {
+    if (AreNearTie(place.x, place.y, position.resolution)) return RowOutcome::NeedsExactPath;
+    reference = GridReferenceOf(place.x, place.y, position.resolution);
+    AppendRow(text, {record.name, record.position, reference, place.figures});
+  }
+  return RowOutcome::Listed;
+}
+
 }  // namespace
 
 ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits) {
@@ -141,45 +184,16 @@ ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits) {
 }
 
 RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text) {
-  const bool isGrid = record.kind == kGridReference;
-  const bool isLocator = record.kind == kLocator && record.position.size() % 2 == 0;
-  const AcceleratedSquare* square = nullptr;
-  double x = 0;
-  double y = 0;
-  double resolution = 0;
-  if (isGrid) {
-    square = LetteredSquareOf(fast, record.position);
-  } else if (isLocator) {
-    LocatorToWGS84(record.position, y, x, resolution);
-    square = DegreeSquareAt(fast, y, x);
-  }
+  Position position;
+  const AcceleratedSquare* square = SquareOf(fast, record, position);
   if (square == nullptr || !square->isOnGrid) return RowOutcome::NeedsExactPath;
   // A record on the grid overwrites everything that the deferred one would leave.
   fast.deferred.clear();
   if (square->polynomials == nullptr) return RowOutcome::NeedsExactPath;
-
   RowOutcome outcome = RowOutcome::Dropped;
-  if (MayBeListed(*square, fast.limits) && Matches(record.name, fast.limits.name)) {
-    if (isGrid) NGRToGrid(record.position, x, y, resolution);
-    const auto form = isGrid ? CoordinateForm::EastingNorthing : CoordinateForm::LonLat;
-    const ApproximatePlace place = PlaceAt(fast.home, *square->polynomials, form, x, y);
-    if (!AreWellConditioned(fast.home, place.figures) || AreNearLimit(place.figures, fast.limits))
-      return RowOutcome::NeedsExactPath;
-    if (IsWithin(fast.limits, place.figures)) {
-      if (AreNearTie(place.figures) ||
-          (isGrid ? IsNearCellEdge(place.y, place.x) : AreNearTie(place.x, place.y, resolution)))
-        return RowOutcome::NeedsExactPath;
-      std::string reference;
-      if (isGrid)
-        GenLocator(place.y, place.x, reference);
-      else
-        reference = GridReferenceOf(place.x, place.y, resolution);
-      AppendRow(text, {record.name, isGrid ? reference : record.position,
-                       isGrid ? record.position : reference, place.figures});
-      outcome = RowOutcome::Listed;
-    }
-  }
-  fast.deferred = record.line;
+  if (MayBeListed(*square, fast.limits) && Matches(record.name, fast.limits.name))
+    outcome = AppendFastRow(fast, *square, record, position, text);
+  if (outcome != RowOutcome::NeedsExactPath) fast.deferred = record.line;
   return outcome;
 }
 

@@ -66,7 +66,7 @@ std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places)
   const auto whole = static_cast<std::int32_t>(scaled);
   const double fraction = scaled - whole;
   if (std::fabs(fraction - 0.5) <= scaled * kMargin) return {};
-  return static_cast<std::uint32_t>(whole) + (fraction > 0.5 ? 1 : 0);
+  return static_cast<std::uint32_t>(fraction > 0.5 ? whole + 1 : whole);
 }
 
 std::size_t DigitCount(std::uint32_t number) {
@@ -100,14 +100,15 @@ void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
   std::size_t places = picture.fractionPlaces;
   const std::size_t wholePlaces = std::max(count, places + picture.wholeZeros) - places;
   for (; places > picture.fractionZeros && digits.Last() == '0'; --places) digits.DropLast();
+  const std::size_t numberLength = wholePlaces + (picture.point ? 1 : 0) + places;
   const std::size_t length =
-      minus + picture.head.size() + wholePlaces + picture.point + places + picture.tail.size();
+      (minus ? 1 : 0) + picture.head.size() + numberLength + picture.tail.size();
   if (text.size() < at + length) text.resize(at + length);
 
   char* to = text.data() + at;
   if (minus) *to++ = '-';
   for (const char c : picture.head) *to++ = c;
-  char* end = to + wholePlaces + picture.point + places;
+  char* end = to + numberLength;
   char* digit = end;
   for (; places > 0; --places, digits.DropLast()) *--digit = digits.Last();
   if (picture.point) *--digit = '.';
@@ -208,7 +209,26 @@ int Exponent(std::string_view rest) {
   return negative ? -exponent : exponent;
 }
 
-// The number at the front of any text. Kept out of line, so that short numbers need no stack.
+// Reads digits and at most one point from the front of a text. Returns the digits from the first
+// that is not 0 on as a fraction, "0.ddd"; the number is that fraction times 10^power.
+std::string ReadDigits(std::string_view& rest, int& power) {
+  std::string digits = "0.";
+  bool point = false;
+  for (;; Next(rest)) {
+    const char c = Front(rest);
+    if (c == '.' && !point) {
+      point = true;
+      continue;
+    }
+    if (!IsDigit(c)) return digits;
+    const bool leadingZero = c == '0' && digits.size() == 2;
+    if (!leadingZero) digits += c;
+    if (leadingZero && point) --power;
+    if (!leadingZero && !point) ++power;
+  }
+}
+
+// Reads the number at the front of any text. Not inlined, so that TextToNumber is short.
 [[gnu::noinline]] double FrontNumber(std::string_view rest) {
   SkipBlanks(rest);
   if (Front(rest) == '&') {
@@ -217,24 +237,8 @@ int Exponent(std::string_view rest) {
   }
   const bool negative = Front(rest) == '-';
   if (negative || Front(rest) == '+') Next(rest);
-
-  if (!IsDigit(Front(rest)) && Front(rest) != '.') return 0;
-  // "0.00ddd" for from_chars, leading zeros dropped, and the power of ten of the first digit.
-  std::string digits = "0.";
-  bool point = false;
   int power = 0;
-  for (;; Next(rest)) {
-    const char c = Front(rest);
-    if (c == '.' && !point) {
-      point = true;
-    } else if (IsDigit(c)) {
-      const bool leadingZero = c == '0' && digits.size() == 2;
-      if (!leadingZero) digits += c;
-      if (leadingZero ? point : !point) power += point ? -1 : 1;
-    } else {
-      break;
-    }
-  }
+  std::string digits = ReadDigits(rest, power);
   if (digits.size() == 2) return 0;
   power = Saturated<std::int32_t>(static_cast<double>(power) + Exponent(rest));
   if (power < -400) return 0;

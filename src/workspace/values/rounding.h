@@ -33,7 +33,7 @@ inline std::int32_t RoundToInt32(double number) {
   const auto whole = static_cast<std::int32_t>(number);
   const double fraction = number - whole;
   const double half = whole % 2 == 0 ? 0.5 : 0x1.fffffffffffffp-2;  // odd: a tie exceeds it
-  return whole + (fraction > half ? 1 : 0) - (fraction < -half ? 1 : 0);
+  return fraction > half ? whole + 1 : fraction < -half ? whole - 1 : whole;
 }
 inline std::int16_t RoundToInt16(double number) {
   constexpr std::int32_t kLeast = std::numeric_limits<std::int16_t>::min();
@@ -45,7 +45,7 @@ inline std::int16_t RoundToInt16(double number) {
 inline std::int16_t FloorToInt16(double number) {
   if (!(std::fabs(number) < 0x1p14)) return Saturated<std::int16_t>(std::floor(number));
   const auto whole = static_cast<std::int16_t>(number);
-  return static_cast<std::int16_t>(number < whole ? whole - 1 : whole);
+  return number < whole ? static_cast<std::int16_t>(whole - 1) : whole;
 }
 
 // Returns -1, 0 or 1.
