@@ -28,7 +28,7 @@ void AddSinesAndCosines(const HomeStation& home, double lat, double lon, Functio
 using Four = std::array<double, 4>;
 
 // The angles, 0 to pi, of four points whose y is not negative, off by 5e-10 at most; NaN at the
-// origin. Without branches, so that the compiler works on pairs.
+// origin. Has no branches, so that the compiler can compute two angles at a time.
 Four AnglesOf(const Four& y, const Four& x) {
   constexpr double kEighth = std::numbers::pi / 4;
   // atan(t) / t in powers of t^2, to 3e-10 for |t| <= 1.
@@ -38,7 +38,7 @@ Four AnglesOf(const Four& y, const Four& x) {
                           -0.0070306694704242115, 0.0010576074380572419};
   Four angles;
   for (std::size_t i = 0; i < angles.size(); ++i) {
-    // The tangent of the point (|x|, y) turned back by an eighth of the circle.
+    // The tangent of the angle of the point (|x|, y) minus 45 degrees.
     const double t = (y[i] - std::fabs(x[i])) / (y[i] + std::fabs(x[i]));
     const double z = t * t;
     const double z2 = z * z;
@@ -51,7 +51,8 @@ Four AnglesOf(const Four& y, const Four& x) {
   return angles;
 }
 
-// Distance and bearings by tangents, where the plain formulas use cosines. `lon` decides the side.
+// Distance and bearings by arctangents, where the exact formulas use arc cosines. `lon` decides
+// between east and west.
 DistanceAndBearings FiguresOf(const HomeStation& home, const FunctionValues& values, double lon) {
   const double cosArc = values[kCosArc];
   const double across = home.cosLat * std::fabs(values[kCosLatSinDeltaLon]);

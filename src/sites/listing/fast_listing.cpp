@@ -14,8 +14,8 @@ namespace {
 // A square with so many records usually has more. Its polynomials cost 15 exact conversions.
 constexpr int kRecordsBeforePolynomials = 8;
 
-// The squares: those of the National Grid, and those of 2 by 1 degrees of the box outside which
-// there are no references, from the south-west corner on.
+// The numbers of squares in the National Grid, and of squares of 2 by 1 degrees in the box of
+// IsInGridBox. Both are counted from the south-west corner.
 constexpr int kGridColumns = 7, kGridRows = 14;
 constexpr int kBoxColumns = 5, kBoxRows = 12;
 constexpr double kBoxWest = -8, kBoxSouth = 49, kBoxNorth = 61;  // degrees
@@ -38,7 +38,7 @@ bool AreNearLimit(const DistanceAndBearings& figures, const Limits& limits) {
          IsNear(figures.bearing, limits.to, kBearingError);
 }
 
-// Whether a figure could be printed with another tenth.
+// Whether an exact figure could be printed with another tenth.
 bool AreNearTie(const DistanceAndBearings& figures) {
   return IsNearTie(figures.distance * 10, kDistanceError * 10) ||
          IsNearTie(figures.bearing * 10, kBearingError * 10) ||
@@ -59,7 +59,7 @@ bool AreNearTie(double easting, double northing, double resolution) {
          IsNearTie(northing / unit, kMetreError / unit);
 }
 
-// Bounds the distances of all places of a square by the distance of its centre.
+// Computes bounds on the distance of all places of a square from the distance of its centre, km.
 void ComputeDistanceBounds(double centre, AcceleratedSquare& square) {
   constexpr double kRadius = 100;               // km, from the centre of any square to its corners
   constexpr double kHalfCircumference = 20015;  // km; an exact antipode can have the distance 0
@@ -98,7 +98,7 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
 }
 
 // Returns the square that the letters of a grid reference name. Null if the square is not on the
-// grid, or if the place may lie outside it since not only digits follow.
+// grid, or if other characters than digits follow, so that the place may lie outside the square.
 const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_view reference) {
   constexpr auto kSide = static_cast<int>(kSquareSide);
   int x = 0;
