@@ -1,5 +1,5 @@
 // A hostile database file, read by Use This, Lookup and the listing.
-//   Input  a line with the text to look for, then the file. \x1D and a character are replaced by
+//   Input  a line with the text to search for, then the file. \x1D and a character are replaced by
 //          kRun of that character, so that lines reach the length limit and cross the read buffer.
 #include <algorithm>
 #include <cstddef>

@@ -50,7 +50,7 @@ inline std::vector<std::string> LinesOf(const std::string& text) {
   return lines;
 }
 
-// A small quarantine of freed memory doubles the inputs a second.
+// A small quarantine of freed memory doubles the number of inputs per second.
 extern "C" const char* __asan_default_options() {
   return "quarantine_size_mb=2:malloc_context_size=4";
 }
@@ -78,8 +78,8 @@ struct Program {
   Workspace w{platform};
 };
 
-// Runs a call; requires that it takes less than half a second of processor time, sanitizers
-// included.
+// Runs a call and requires that it takes less than half a second of processor time, including the
+// time of the sanitizers.
 inline void Bounded(auto&& call) {
   const std::clock_t before = std::clock();
   call();

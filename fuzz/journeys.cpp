@@ -1,5 +1,5 @@
-// Journeys of user actions in all windows, with calls of the system that fail. One in eight runs
-// twice.
+// Journeys of user actions in all windows, with calls of the system that fail. One journey in eight
+// runs twice; both runs must end with the same values and files.
 //   Input  one action a line: a letter of kActions (any other character selects one of them too),
 //          then the text that completes the action.
 #include <algorithm>

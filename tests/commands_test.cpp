@@ -1,5 +1,5 @@
-// Tables of what commands make of texts: which texts are places and which, their layouts, distances
-// and bearings, and the records that pass the limits of a listing.
+// Tables of the results of commands: the kinds of typed texts, the places that they name, layouts,
+// distances and bearings, and the records that pass the limits of a listing.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -16,7 +16,7 @@
 
 namespace {
 
-// A program with files in memory, at first none. Texts of the tests are UTF-8.
+// A program whose files are in memory; there are none at first. Texts of the tests are UTF-8.
 class Commands : public testing::Test {
  protected:
   Commands() { platform.files.emplace(); }
@@ -36,7 +36,7 @@ TEST_F(Commands, DecodesLocatorsAndGridReferences) {
     const char *typed, *shown;
   } rows[] = {
       // clang-format off
-      // What a locator leaves out counts as 44MM: the same place, only the cell differs.
+      // Missing characters count as 44MM: the place is the same, only the cell differs.
       {"IO91WM", "IO91WM | TQ30 82 | 51.518836N , 0.128997W | E: 529913 , N: 181650 | TQ38 | 5766m 4633m"},
       {"IO91WM44", "IO91WM44 | TQ299 816 | 51.518836N , 0.128997W | E: 529913 , N: 181650 | TQ28 | 577m 463m"},
       {"IO91WM44MM", "IO91WM44MM | TQ2991 8165 | 51.518836N , 0.128997W | E: 529913 , N: 181650 | TQ28 | 24m 19m"},
@@ -112,7 +112,7 @@ TEST_F(Commands, DecodesLatitudesAndLongitudes) {
       // The first N and the first E count, then the first S and the first W.
       {"51 30 N 1 20 WEST", "51 30 N 1 20 WEST", "51.500000N , 1.333333E"},
       {"52N 1W 2E", "52N 1W 2E", "52.000000N , 1.033333E"},
-      // It starts with a number, so no site of that name is looked for.
+      // A text that starts with a number is never searched for as a site.
       {"1st street", "1ST STREET", "1.000000S , 0.000000E"},
       {"10NW 5", "10NW 5", "10.000000N , 0.000000E"},
       {"&H1F N W", "&H1F N W", "31.000000N , 0.000000E"},
@@ -129,7 +129,8 @@ TEST_F(Commands, DecodesLatitudesAndLongitudes) {
   }
 }
 
-// Too short, too few digits or letters in a place of theirs, or no number in front.
+// Texts that are too short, have too few digits or letters at the places where a reference has
+// them, or do not begin with a positive number.
 TEST_F(Commands, TakesOtherTextsForNamesOfSites) {
   for (const char* text : {"IO91", "IO91W", "IO91W4", "SU123X", "su1 2345", "su 12 34 56", "1N1W",
                            "-1.5 51.5", "N51.5 W1.2", "00 05N 1W", "ab12 ", "ÁÁ1234", "Z[1234"}) {
@@ -147,7 +148,7 @@ TEST_F(Commands, ShowsLatitudeAndLongitudeInThreeLayouts) {
       {"51 30 15N 1 15 30W", "51° 30.2500' N , 1° 15.5000' W", "51° 30' 15.0'' N, 1° 15' 30.0'' W", "51.504167N , 1.258333W"},
       {"9.5S 9.5E", "9° 30.0000' S , 9° 30.0000' E", "9° 30' 00.0'' S, 9° 30' 00.0'' E", "9.500000S , 9.500000E"},
       {"100N 200E", "100° 00.0000' N , 200° 00.0000' E", "100° 00' 00.0'' N, 200° 00' 00.0'' E", "100.000000N , 200.000000E"},
-      // What rounds up to 60 shows as 60: nothing carries.
+      // Minutes and seconds that round up to 60 show as 60.
       {"33.85S 151.2E", "33° 51.0000' S , 151° 12.0000' E", "33° 51' 00.0'' S, 151° 11' 60.0'' E", "33.850000S , 151.200000E"},
       {"51.99999999N 2W", "51° 60.0000' N , 2° 00.0000' W", "51° 59' 60.0'' N, 2° 00' 00.0'' W", "52.000000N , 2.000000W"},
       // Seconds slightly below zero have no minus sign.
@@ -180,14 +181,14 @@ TEST_F(Commands, ComputesDistanceAndBearings) {
       // Less than a metre apart counts as the same place; above that the uncertainty is large.
       {"51.5N 1.25W", "51.500005N 1.25W", "0.001 | 0.0 | 0.0 | 0.00km 0.0 deg"},
       {"51.5N 1.25W", "51.50001N 1.25W", "0.001 | 0.0 | 180.0 | 0.001km 64.4 deg"},
-      // So do these exact antipodes.
+      // These exact antipodes also count as the same place.
       {"51.5N 1.25W", "51.5S 178.75E", "0.00 | 0.0 | 0.0 | 0.00km 0.0 deg"},
       // On the equator the cosines of the bearings are 0.
       {"1E 0N", "11E 0N", "1112.00 | 90.0 | 270.0 | 0.001km 0.0 deg"},
       // Across the 180th meridian only the longitudes as numbers decide between east and west.
       {"0.1N 179.5E", "0.1N 180.5W", "0.00 | 0.0 | 0.0 | 0.00km 0.0 deg"},
       {"0.1N 179.5E", "0.1N 179.5W", "111.20 | 270.0 | 90.0 | 0.001km 0.0 deg"},
-      // Numbers far beyond any place.
+      // Coordinates far out of range.
       {"1N 1E", "9D999N 9D999W", "9396.586 | 344.3 | 105.4 | 0.001km 0.0 deg"},
       {"9D999N 9D999W", "SU12341E999", "2583.271 | 66.2 | 316.8 | 0.008km 0.0 deg"},
       // clang-format on
@@ -247,7 +248,8 @@ TEST_F(Commands, ListsTheSitesWithinAllLimits) {
   }
 }
 
-// A limit of 9999 km or more counts but is not mentioned, nor are others that limit nothing.
+// The header of a listing omits limits that exclude nothing, and a largest distance of 9999 km or
+// more, which still applies.
 TEST_F(Commands, MentionsLimitsThatLimit) {
   (*platform.files)[kDefaultDatabase] = "";
   w.Tarnwick.LocDatabase.text = kDefaultDatabase;

@@ -67,7 +67,7 @@ void Edit(Workspace& w, std::string_view name, const std::string& text) {
   });
 }
 
-// False if the Results window shows no such row.
+// Selects a row of the Results window; false if the window shows no such row.
 bool Select(Workspace& w, std::string_view row) {
   const double index = TextToNumber(row);
   ListBox& list = w.ShowList.PR;
@@ -150,7 +150,7 @@ constexpr struct {
     {"close", true, [](Session& s, std::string_view) { CloseByFrame(*s.w, "Tarnwick"); }},
 };
 
-// False if the line is no action, or none before the first start.
+// Runs the action of a line. False if there is no such action, or not before the first start.
 bool Act(Session& session, std::string_view name, std::string_view rest) {
   for (const auto& action : kActions) {
     if (action.name != name) continue;

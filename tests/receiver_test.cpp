@@ -15,7 +15,7 @@
 
 namespace {
 
-// A program whose receiver has just been set up; without a site database.
+// A program whose receiver has just been set up. It has no site database.
 struct Program {
   Program() {
     platform.files.emplace();
@@ -36,8 +36,8 @@ struct Program {
 
 using Used = std::vector<std::string>;
 
-// What the program shows for each sentence that it uses of a stream which arrives in chunks:
-//   TEXT | LATITUDE LONGITUDE        in degrees; = for the place before
+// What the program shows for each sentence that it uses from a stream that arrives in chunks:
+//   TEXT | LATITUDE LONGITUDE        in degrees; = if the place is the previous one
 Used UsedOf(const std::string& stream, std::size_t chunk) {
   Program program;
   Used used;
@@ -56,7 +56,7 @@ const std::string kSentence =
     "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 const std::string kShown = "48 07.038N 011 31.000E [ 12:35:19 UTC ]";
 
-// Recorded lines, ended by CR LF. Shows the same however the characters arrive.
+// Recorded lines, ended by CR LF. The size of the chunks in which they arrive changes nothing.
 TEST(Receiver, UsesTheSentencesOfALog) {
   const struct {
     const char* reason;
@@ -177,14 +177,14 @@ TEST(Receiver, KeepsTheNewestCharactersThroughAPause) {
   program.Feed(stream);
   stream.resize(stream.size() - program.platform.serial.buffer.size());
   UseNMEA_Click(program.w);
-  program.Feed(kSentence + kSentence);  // is lost
+  program.Feed(kSentence + kSentence);  // lost: the port is closed
   SetUpCom::Command1_Click(program.w);
   EXPECT_EQ(program.w.SetUpCom.RxBuffer, stream.substr(stream.size() - 32'767));
   program.Feed(kSentence);
   EXPECT_EQ(program.Box(), kShown);
 }
 
-// Sentences with characters changed, lost and put in, and plain noise.
+// Sentences with characters changed, lost and inserted, and random characters.
 TEST(Receiver, StandsEveryStream) {
   const std::string likely = "RMC,,,,\r0123456789.NSEWVA*$'\" \xB0";
   Program program;

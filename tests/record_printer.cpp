@@ -44,7 +44,7 @@ std::string Value(const UntypedValue& value) {
   return value.empty ? "" : Value(value.number);
 }
 
-// A blank, and a coordinate of a picture to four places.
+// A blank, then a coordinate of a picture with at most four decimal places.
 std::string Coordinate(float number) {
   std::string text = " " + FormatPicture(static_cast<double>(number), "#0.####");
   if (text.back() == '.') text.pop_back();

@@ -33,8 +33,8 @@ constexpr Helmert kAiryToWGS84{446.448,           -125.157,         542.06,     
                                RadiansOf(0.1502), RadiansOf(0.247), RadiansOf(0.8421)};
 constexpr Helmert kWGS84ToAiry = Reversed(kAiryToWGS84);
 
-// Below 1e-08 radians (6 cm) the latitude counts as settled. Every real latitude needs two passes;
-// the bound is twice that, so that the loop ends whatever the numbers are.
+// The iteration has converged when the latitude changes by at most 1e-08 radians (6 cm). Every
+// real latitude needs two passes; the limit of twice as many ends the loop for all other numbers.
 constexpr double kSettled = 1e-08;
 constexpr int kMostPasses = 4;
 

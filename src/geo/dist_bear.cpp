@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
-constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
+constexpr double kPi = 3.141592653589;  // kDegreesPerRadian is 180 / kPi
+constexpr double kShareOfCell = 0.7;    // a position may be off by this part of its cell
 constexpr double kOneMetre = 0.001;     // km
 
 }  // namespace
@@ -38,7 +38,7 @@ DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, d
   if (result.distance < kOneMetre) return result;
   const double sinArc = Sine(arc);
   const double cosArc = Cosine(arc);
-  // Rounding pushes a cosine beyond -1 or 1.
+  // Rounding can push a cosine beyond -1 or 1.
   const double b1 = std::clamp((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat), -1.0, 1.0);
   const double b2 = std::clamp((home.sinLat - cosArc * sinLat) / (sinArc * cosLat), -1.0, 1.0);
   result.bearing = ACS(b1) * kDegreesPerRadian;

@@ -13,12 +13,12 @@ namespace {
 
 constexpr double kKmPerDegree = 111.2;
 
-// Half of a finest square, which is 1/2880 by 1/5760 of a degree: moves a decoded place from the
-// edge of the cell into it.
+// Half of a finest square, which is 1/2880 by 1/5760 of a degree: added to move a decoded place
+// from the corner of its cell to the centre.
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-// The number, from 0, of the character at a position that counts from 1.
+// The value, from 0, of the letter or digit at a position, which counts from 1.
 int LetterAt(std::string_view lc, std::size_t position) {
   return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
@@ -26,10 +26,11 @@ int DigitAt(std::string_view lc, std::size_t position) {
   return static_cast<unsigned char>(lc[position - 1]) - '0';
 }
 
-constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
+// Finest squares in one unit of an axis; a unit is 1 degree of latitude or 2 of longitude.
+constexpr double kCells = 5760;
 
-// Writes the characters of one axis as WriteAxis does. The order of the steps decides on which side
-// a place on the edge of a cell falls.
+// Writes the characters of one axis as WriteAxis does. The order of the arithmetic decides to which
+// cell a place on an edge belongs.
 void WriteAxisByStep(double axis, char* at) {
   const int field = FloorToInt16(axis / 10);
   double rest = axis - 10 * field;
@@ -43,8 +44,9 @@ void WriteAxisByStep(double axis, char* at) {
   }
 }
 
-// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
-// The number of the smallest cell is enough for them where rounding cannot lead to another cell.
+// Writes the five characters of one axis, which has 18 fields of 10 units, to at[0], at[2] ...
+// at[8]. Divides the number of the finest square, unless the place is so close to the edge of a
+// square that rounding could decide.
 void WriteAxis(double axis, char* at) {
   constexpr double kMargin = 1e-6;
   const double cells = axis * kCells;

@@ -18,8 +18,9 @@
 //      Resolution  km, height of the cell
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution);
 
-// Returns in `lc` the ten-character locator of the cell that contains a place. Digits are cut off,
-// never rounded. Nothing is clamped: the north pole gets an S, one letter after the standard's R.
+// Returns in `lc` the ten-character locator of the cell that contains a place. The place is
+// never rounded to the next cell, and not clamped: the north pole has the letter S, one after the
+// last letter of the standard, R.
 // In   Lat, Lon  degrees
 // Out  lc        ten characters; their codes saturate at 0 and 255
 void GenLocator(double Lat, double Lon, std::string& lc);

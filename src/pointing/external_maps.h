@@ -1,4 +1,4 @@
-// Shows the current place in programs outside: the web map in a browser, the map image in a viewer.
+// Shows the current place in other programs: the web map in a browser, the map image in a viewer.
 #pragma once
 
 #include "workspace/record/workspace.h"

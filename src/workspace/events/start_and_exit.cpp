@@ -11,7 +11,8 @@
 
 namespace {
 
-// Default when nothing is stored. A pair with a value of 500 or more is no home station.
+// Default when nothing is stored. A latitude or longitude of 500 or more means that there is
+// no home station.
 constexpr const char* kNoHome = "999";
 constexpr double kHomeLimit = 500;
 

@@ -46,7 +46,7 @@ struct Label {
 
 // A push button.
 struct Button {
-  std::string caption{};  // & stands before the letter of the access key
+  std::string caption{};  // & precedes the letter of the access key
   Colour back{};
   bool enabled = true;
   bool visible = true;

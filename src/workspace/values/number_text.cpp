@@ -19,7 +19,7 @@ struct Decimal {
   int exponent = 0;
 };
 
-// The size of a finite number in exactly `significant` digits.
+// The absolute value of a finite number in exactly `significant` digits.
 Decimal DecimalOf(double size, int significant) {
   std::array<char, 32> text{};
   const auto written = std::to_chars(text.data(), text.data() + text.size(), size,
@@ -34,7 +34,7 @@ Decimal DecimalOf(double size, int significant) {
   return decimal;
 }
 
-// The digits of size * 10^places, rounded to a whole number as AppendPicture says; empty for 0.
+// The digits of size * 10^places, rounded to a whole number as PutPicture rounds; empty for 0.
 std::string ExactDigits(double size, int places) {
   Decimal decimal = DecimalOf(size, 15);
   const int kept = decimal.exponent + 1 + places;
@@ -77,7 +77,8 @@ std::size_t DigitCount(std::uint32_t number) {
   return count;
 }
 
-// Two sources of digits, the last one first, with zeros in front of them: a number and a text.
+// Two sources of decimal digits, a number and a text. Both supply the last digit first, and zeros
+// after the first digit has been dropped.
 struct NumberDigits {
   std::uint32_t number;
   std::size_t Count() const { return DigitCount(number); }
@@ -116,7 +117,7 @@ void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
   for (const char c : picture.tail) *end++ = c;
 }
 
-// PutPicture by way of the 15 significant digits.
+// PutPicture for any number: writes the 15 significant digits first and rounds that text.
 [[gnu::noinline]] void PutExactly(std::string& text, std::size_t at, double number,
                                   const Picture& picture) {
   number = Finite(number);
@@ -125,14 +126,14 @@ void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
   PutDigits(text, at, number < 0, TextDigits{digits}, picture);
 }
 
-// The digit that stands for 10^power.
+// The digit whose place value is 10^power.
 char DigitAt(const Decimal& decimal, int power) {
   const int index = decimal.exponent - power;
   if (index < 0 || index >= static_cast<int>(decimal.digits.size())) return '0';
   return decimal.digits[static_cast<std::size_t>(index)];
 }
 
-// The text of a number of at most `significant` digits, with an exponent where it would need more
+// The text of a number of at most `significant` digits, with an exponent if it would need more
 // than that many places on either side of the point.
 std::string PlainText(double number, int significant) {
   number = Finite(number);
@@ -155,7 +156,8 @@ std::string PlainText(double number, int significant) {
   return text;
 }
 
-// The number of a text of 1 to 15 digits, which a double holds exactly; nothing for other texts.
+// The number of a text of 1 to 15 digits, which a double represents exactly; nothing for other
+// texts.
 std::optional<double> ShortWholeNumber(std::string_view text) {
   if (text.empty() || text.size() > 15) return {};
   std::int64_t number = 0;
@@ -166,7 +168,7 @@ std::optional<double> ShortWholeNumber(std::string_view text) {
   return static_cast<double>(number);
 }
 
-// A text is read from its front; blanks, tabs and line feeds count as not there.
+// Blanks, tabs and line feeds do not count, even between digits.
 void SkipBlanks(std::string_view& rest) {
   const std::size_t at = rest.find_first_not_of(" \t\n");
   rest.remove_prefix(std::min(at, rest.size()));
@@ -181,7 +183,7 @@ void Next(std::string_view& rest) {
   SkipBlanks(rest);
 }
 
-// The digits behind &H or &O.
+// Reads the rest of a hexadecimal or octal number, from the letter H or O on; 0 for other letters.
 double RadixNumber(std::string_view rest) {
   const char letter = UpperOf(Front(rest));
   const int radix = letter == 'H' ? 16 : letter == 'O' ? 8 : 0;
@@ -195,8 +197,8 @@ double RadixNumber(std::string_view rest) {
   }
 }
 
-// Reads an exponent such as E12 or d-3 if a digit stands in it, saturating far outside the range of
-// a double; 0 otherwise.
+// Reads an exponent such as E12 or d-3; 0 if there is none. A large exponent saturates far outside
+// the range of a double.
 int Exponent(std::string_view rest) {
   constexpr int kBeyond = 2'000'000'000;
   if (UpperOf(Front(rest)) != 'E' && UpperOf(Front(rest)) != 'D') return 0;

@@ -17,7 +17,8 @@ Integer Saturated(double whole) {
   return static_cast<Integer>(whole);
 }
 
-// Returns a finite number itself, for an infinity the largest finite number of its sign.
+// Returns the number if it is finite, the largest finite number of its sign if it is infinite, and
+// 0 for NaN.
 inline double Finite(double number) {
   constexpr double kLargest = std::numeric_limits<double>::max();
   if (std::isnan(number)) return 0;
@@ -27,7 +28,7 @@ inline double Finite(double number) {
 // Returns the nearest single-precision number, finite. Window positions are stored in it.
 float ToSingle(double number);
 
-// Return the nearest integer, for a tie the even one. Inline, since a listing rounds often.
+// Return the nearest integer; a tie goes to the even one. Inline, because a listing rounds often.
 inline std::int32_t RoundToInt32(double number) {
   if (!(std::fabs(number) < 0x1p30)) return Saturated<std::int32_t>(std::nearbyint(number));
   const auto whole = static_cast<std::int32_t>(number);
