@@ -3,11 +3,11 @@
 # test.sh --deep   runs the long tests as well, then everything under the sanitizers, the logic without
 #                  Qt, the fuzz targets, the coverage, the packages and the checks of style.
 # test.sh --cross  builds and tests the program for small boards with 64-bit and 32-bit ARM processors.
-# Missing Debian packages are installed first, with apt-get.
+# Each form first installs missing Debian packages with apt-get.
 set -eu
 cd "$(dirname "$0")"
 
-# step DOES-WHAT COMMAND...: prints one line, runs the command and prints how long it took.
+# step DESCRIPTION COMMAND...: prints one line, runs the command and prints how long it took.
 step() {
   printf '\n== %s\n' "$1"
   shift
@@ -58,7 +58,7 @@ case ${1:-} in
     step "style: clang-tidy" check_with_clang_tidy
     ;;
   --cross)
-    # Status 77: Qt for the architecture cannot be installed here, the logic alone was tested.
+    # Status 77: Qt for the architecture cannot be installed here, so only the logic was tested.
     for architecture in arm64 armhf; do
       step "cross: build, package and tests for $architecture under emulation" \
         sh -c "packaging/cross.sh $architecture || [ \$? = 77 ]"

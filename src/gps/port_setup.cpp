@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kHighestPort = 32;
 
-// The speed in baud of a text of digits, blanks around them allowed; 0 for any other text.
+// Returns the speed in baud: `text` is digits with or without blanks around them. 0 for other
+// texts.
 int SpeedOf(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   text.remove_suffix(text.size() - (text.find_last_not_of(' ') + 1));

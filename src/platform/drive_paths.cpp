@@ -10,11 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Longer than the paths of any file system; a longer path names no file.
+// Longest path that is looked up, in bytes. No file system supports a longer one.
 constexpr std::size_t kLongestPath = 4096;
 
-// The first entry of a folder for which matches(NAME IN UPPER CASE, ENTRY) is true; empty if there
-// is none.
+// Returns the first entry of a folder for which matches(NAME IN UPPER CASE, ENTRY) is true; empty
+// if there is none.
 fs::path FindEntry(const fs::path& folder, auto&& matches) {
   std::error_code error;
   fs::directory_iterator at(folder, error);
@@ -25,8 +25,8 @@ fs::path FindEntry(const fs::path& folder, auto&& matches) {
   return {};
 }
 
-// The entry of a folder with this name, exactly or without regard to case; the name as written if
-// there is none.
+// Returns the entry of a folder with exactly this name, else the first one that differs from it
+// only in case, else the name as written.
 fs::path EntryOf(const fs::path& folder, std::string_view name) {
   std::error_code error;
   fs::path entry = folder / SystemPath(name);

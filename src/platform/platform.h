@@ -1,5 +1,5 @@
-// What the logic asks of the system it runs on. A call that can fail reports so by its result; no
-// call throws.
+// The interface through which the logic uses the operating system. A call whose failure matters
+// reports it in its result; no call throws.
 #pragma once
 
 #include <chrono>
@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-// The program's windows by the names of their records.
+// The program's windows, named like their records in the Workspace.
 enum class WindowName { Tarnwick, BearingCalc, ShowList, SetUpCom };
 
 // How Shell shows the program it starts.
@@ -19,12 +19,12 @@ enum class WindowStyle { Normal, MinimisedWithFocus };
 struct File {
   virtual ~File() = default;
 
-  // Reads up to `size` bytes to `to` and returns their number; 0 at the end of the file, no value
+  // Reads up to `size` bytes into `to` and returns their number; 0 at the end of the file, no value
   // if reading fails.
   [[nodiscard]] virtual std::optional<std::size_t> Read(char* to, std::size_t size) = 0;
   // Appends the bytes; false if not all of them could be written.
   [[nodiscard]] virtual bool Write(std::string_view bytes) = 0;
-  // Closes the file; false if something of it may be lost. The last call on a file.
+  // Closes the file; false if written bytes may be lost. It must be the last call on a file.
   [[nodiscard]] virtual bool Close() = 0;
 };
 
@@ -43,15 +43,15 @@ struct SerialControl {
   virtual std::string Input() = 0;
 };
 
-// Everything that a run asks of the system. Paths are texts as the user writes them, drive letters
+// The services of the operating system. Paths are written as the user writes them, drive letters
 // included.
 struct Platform {
   virtual ~Platform() = default;
 
-  // A stored text, or `otherwise` if there is none. Section and key names compare without case.
+  // Returns a stored text, or `otherwise` if there is none. Section and key names ignore case.
   virtual std::string ReadSetting(const std::string& section, const std::string& key,
                                   const std::string& otherwise) = 0;
-  // Stores a text; a store that cannot be written keeps its old contents.
+  // Stores a text. If the store cannot be written, it keeps its old contents.
   virtual void StoreSetting(const std::string& section, const std::string& key,
                             const std::string& text) = 0;
 
@@ -72,7 +72,7 @@ struct Platform {
   // Brings a window to the front with the input focus.
   virtual void SetFocus(WindowName window) = 0;
 
-  // The date in the user's time zone.
+  // Returns the date in the user's time zone.
   virtual std::chrono::year_month_day Today() = 0;
 
   // The one serial control of the run.

@@ -23,7 +23,7 @@ struct StdioFile : File {
   std::unique_ptr<std::FILE, CloseFile> file;
 };
 
-// Null if that fails.
+// Returns null on failure.
 std::unique_ptr<File> Open(const std::filesystem::path& path, bool forWriting) {
   auto opened = std::make_unique<StdioFile>();
 #ifdef _WIN32
@@ -33,7 +33,7 @@ std::unique_ptr<File> Open(const std::filesystem::path& path, bool forWriting) {
   opened->file.reset(std::fopen(path.c_str(), forWriting ? "wb" : "rb"));
 #endif
   if (!opened->file) return nullptr;
-  (void)std::setvbuf(opened->file.get(), nullptr, _IONBF, 0);  // else it is only slower
+  (void)std::setvbuf(opened->file.get(), nullptr, _IONBF, 0);  // a failure only costs speed
   return opened;
 }
 

@@ -1,4 +1,4 @@
-// Files of the file system, read and written through the C library without a buffer of its own.
+// Files on disk, read and written through the C library with its buffering switched off.
 #pragma once
 
 #include <filesystem>

@@ -48,7 +48,8 @@ void Desktop::StoreSetting(const std::string& section, const std::string& key,
   settings_.setValue(SettingName(section, key), ToQt(text));
 }
 
-// The name under which a setting is stored: QSettings compares the names of a file with case.
+// Returns the name under which a setting is stored, in its stored case, because QSettings compares
+// the names in a file with case.
 QString Desktop::SettingName(const std::string& section, const std::string& key) const {
   QString wanted = ToQt(section + "/" + key);
   for (const QString& name : settings_.allKeys())
@@ -96,8 +97,8 @@ void Desktop::MsgBox(const std::string& text) {
 }
 
 bool Desktop::Shell(const std::string& command, WindowStyle style) {
-  // The logic shows a text viewer as a normal window; failures of the minimised map viewers are
-  // ignored.
+  // The logic starts the text viewer in a normal window and the map viewers minimised. Failures of
+  // the map viewers are ignored.
   if (style != WindowStyle::Normal) return StartProgram(command, style, {});
   return StartProgram(command, style, [this, alive = QPointer(&serial)] {
     if (alive != nullptr) ReportViewerFailure();

@@ -7,10 +7,11 @@
 #include "platform/desktop/serial_port.h"
 #include "platform/platform.h"
 
-// Settings: on Linux a file in the user's configuration folder, which is replaced as a whole: after
-// a crash it contains the old or the new values. Of a damaged file the readable values count. On
-// Windows the registry, HKEY_CURRENT_USER\Software\Tarnwick with a key for each section. What
-// another running copy of the program stored meanwhile is kept.
+// On Linux the settings are in a file in the user's configuration folder. A save replaces the whole
+// file, so that after a crash it contains either the old or the new values. From a damaged file the
+// program reads the values that are readable. On Windows the settings are in the registry, under
+// HKEY_CURRENT_USER\Software\Tarnwick with a key for each section. A save keeps what another
+// running copy of the program has stored meanwhile.
 struct Desktop : Platform {
   Desktop();
 
@@ -18,11 +19,11 @@ struct Desktop : Platform {
   std::function<void()> showRecord;
   // Brings a window to the front.
   std::function<void(WindowName)> focusWindow;
-  // Handles the failure of a text viewer that had started. Returns whether the program could take
-  // the event; it cannot while a command runs, and Recheck raises the event again.
+  // Handles the failure of a text viewer that had started. Returns whether the program handled the
+  // event; it cannot while a command runs, and Recheck then raises the event again.
   std::function<bool()> onViewerFailure;
 
-  // Has the event loop raise the events that are due. To be called after each command.
+  // Raises the events that are due, on the event loop. Call it after each command.
   void Recheck();
 
   // Writes the stored settings to the file.

@@ -7,14 +7,14 @@
 SerialPort::SerialPort() {
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] {
-    // What arrived in the last moments of a pause is as old as what was discarded during it.
+    // Characters that are unread at the end of a pause arrived during it; discard them too.
     if (isPaused_) DiscardNewCharacters();
     isPaused_ = false;
     OnData();
   });
 }
 
-// By way of the event loop, so that the windows react between two events of a fast device.
+// Uses the event loop, so that the windows respond between two events of a fast device.
 void SerialPort::Recheck() {
   if (!isPaused_) timer_.start(0);
 }

@@ -9,18 +9,18 @@
 #include "platform/desktop/serial_device.h"
 #include "platform/platform.h"
 
-// Raises an event on the event loop whenever the receive buffer has one due. While the program does
-// not take the event, the buffer keeps its characters and discards what arrives besides.
+// Raises an event on the event loop whenever the receive buffer has one due. Until the program
+// handles the event, the buffer keeps its characters and the port discards further ones.
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
 
   QString deviceFolder = kDeviceFolder;
 
-  // Handles an event; returns whether the program could take it. It cannot while another command
-  // runs, for example under a message box; Recheck raises the event again.
+  // Handles an event; returns whether the program handled it. It cannot while another command runs,
+  // such as one that shows a message box; Recheck then raises the event again.
   std::function<bool()> onComm;
-  // Has the event loop check whether an event is due.
+  // Checks on the event loop whether an event is due, and raises it.
   void Recheck();
   // Raises no event for three seconds, so that the user can stop a receiver whose positions show
   // one message box after the other.

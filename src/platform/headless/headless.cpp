@@ -53,7 +53,7 @@ struct FaultyFile : File {
   std::unique_ptr<File> file;
 };
 
-// With separators as \ and in upper case.
+// Returns the path in upper case and with \ for every separator.
 std::string Folded(std::string path) {
   std::replace(path.begin(), path.end(), '/', '\\');
   return UpperOf(path);

@@ -21,7 +21,7 @@ struct FaultInjection {
   int failAt = 0;        // number of the call that fails; 0 for none
   std::string failed{};  // name of the call that failed
 
-  // Counts a call; whether it has to fail.
+  // Counts a call and returns whether it must fail.
   bool Fails(const char* call) {
     if (++calls != failAt) return false;
     failed = call;
@@ -33,7 +33,7 @@ struct FaultInjection {
 struct HeadlessSerial : SerialControl {
   explicit HeadlessSerial(FaultInjection& faultsOfPlatform) : faults(faultsOfPlatform) {}
 
-  std::set<int> ports;           // those that can be opened
+  std::set<int> ports;           // ports that can be opened
   std::function<void()> onComm;  // the program's handler of the serial event
 
   FaultInjection& faults;
@@ -53,8 +53,8 @@ struct PathOrder {
   bool operator()(const std::string& a, const std::string& b) const;
 };
 
-// Contents by path as the user writes it. There are no folders: any path names a file, unless it is
-// empty or ends in a separator. A file that is erased while it is open fails to be read.
+// File contents by path, as the user writes the path. There are no folders: any path names a file,
+// unless it is empty or ends in a separator. Reading a file fails after it has been erased.
 using MemoryFiles = std::map<std::string, std::string, PathOrder>;
 
 struct HeadlessPlatform : Platform {
@@ -66,8 +66,8 @@ struct HeadlessPlatform : Platform {
     std::string section, key, text;
   };
 
-  std::optional<MemoryFiles> files;  // if set, these are all files that there are
-  std::filesystem::path driveC;      // of real files the folder that represents drive c:
+  std::optional<MemoryFiles> files;                    // if set, replaces the real files
+  std::filesystem::path driveC;                        // real folder that represents drive c:
   std::map<std::string, Setting, PathOrder> settings;  // by SECTION/KEY
   std::vector<std::string> events;  // "MsgBox TEXT" and "Shell COMMAND" in their order
   std::chrono::year_month_day today{
@@ -90,6 +90,6 @@ struct HeadlessPlatform : Platform {
   SerialControl& Serial() override { return serial; }
 };
 
-// Characters arrive at the open port, all at once; the handler runs for each event that they cause.
-// At a closed port they are lost.
+// Delivers characters to the open port, all at once, and runs the handler for each event that they
+// cause. A closed port loses them.
 void Feed(HeadlessSerial& serial, const std::string& characters);

@@ -14,7 +14,7 @@
 
 Application::Application() {
   desktop.showRecord = [this] { runner.Refresh(); };
-  // Queued, because the command that asks may also be what shows the window.
+  // Queued, because the window may appear only after the command that asks for the focus.
   desktop.focusWindow = [this](WindowName name) {
     QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).BringToFront(); });
   };

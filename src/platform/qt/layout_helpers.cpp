@@ -59,7 +59,7 @@ QSize ScreenScrollArea::minimumSizeHint() const {
   constexpr QSize kWindowFrame(8, 40);
   const QSize free = screen()->availableGeometry().size() - kWindowFrame;
   QSize size = widget()->minimumSizeHint();
-  // A scroll bar takes room from the other direction.
+  // A vertical scroll bar takes some of the width, a horizontal one some of the height.
   if (size.height() > free.height()) size.rwidth() += verticalScrollBar()->sizeHint().width();
   if (size.width() > free.width()) size.rheight() += horizontalScrollBar()->sizeHint().height();
   return size.boundedTo(free);

@@ -11,7 +11,8 @@
 
 namespace {
 
-// xdg-open may run as long as its viewer; an error after this time is the viewer's own affair.
+// xdg-open may run as long as its viewer. Only an error within this time means that it could not
+// show the file; a later one comes from the viewer.
 constexpr std::chrono::milliseconds kWatchTime(10'000);
 
 }  // namespace
@@ -21,12 +22,12 @@ bool StartProgram(const std::string& command, WindowStyle /*style*/,
   std::string target = command;
   for (const std::string_view start : {"Notepad.exe ", "cmd /c  start "})
     if (target.starts_with(start)) target.erase(0, start.size());
-  // An absolute path, so that no file name is taken for an option.
+  // An absolute path, so that xdg-open takes no file name for an option.
   std::error_code error;
   if (!target.starts_with("https://"))
     target = std::filesystem::absolute(PathToRead(target), error).string();
-  // Deletes itself when the viewer ends. It has no owner, because deleting it earlier, at the end
-  // of this program, would kill the viewer.
+  // Deleted when the viewer ends. It has no owner, because an owner would delete it at the end of
+  // this program, which would kill the viewer.
   auto* viewer = new QProcess;
   QElapsedTimer sinceStart;
   sinceStart.start();

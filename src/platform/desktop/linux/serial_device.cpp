@@ -11,11 +11,11 @@
 
 namespace {
 
-// More waiting characters stay in the system's queue.
+// Limit of Qt's read buffer in bytes; further characters wait in the system's queue.
 constexpr qint64 kReadBufferSize = 128;
 
-// Whether a running program has locked the device by a lock file in the old way, which contains its
-// process number and nothing else. Qt would remove that file as one that a crash left behind.
+// Whether a running program has locked the device with an old-style lock file, which contains its
+// process number and nothing else. Qt would take such a file for a leftover and remove it.
 bool IsLockedByFile(const QString& device) {
   QFile lock("/var/lock/LCK.." + QFileInfo(device).fileName());
   if (!lock.open(QIODevice::ReadOnly)) return false;
@@ -50,8 +50,8 @@ SerialDevice::SerialDevice(const std::function<void()>& onData)
   QSerialPort& port = system_->port;
   port.setReadBufferSize(kReadBufferSize);
   QObject::connect(&port, &QSerialPort::readyRead, &port, onData);
-  // A device that was unplugged or hung up would report its error without end. Other errors, such
-  // as control lines that a pseudo terminal lacks, do not close the port.
+  // A device that was unplugged or hung up would report its error again and again. Other errors,
+  // such as control lines that a pseudo terminal lacks, do not close the port.
   QObject::connect(&port, &QSerialPort::errorOccurred, &port,
                    [this](QSerialPort::SerialPortError error) {
                      if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError)
@@ -88,6 +88,6 @@ std::string SerialDevice::Read() {
 
 void SerialDevice::Discard() {
   if (!IsOpen()) return;
-  system_->port.readAll();  // makes a port report again whose read buffer was full
+  system_->port.readAll();  // a full read buffer stops the reports of new characters
   system_->port.clear(QSerialPort::Input);
 }

@@ -12,7 +12,7 @@ namespace {
 
 int pipeEnds[2] = {-1, -1};
 
-// Wakes the event loop. Few calls are allowed in a signal handler; write is one.
+// Wakes the event loop through a pipe: write is one of the few calls allowed in a signal handler.
 void OnSignal(int /*signal*/) {
   const int errorOfInterruptedCode = errno;
   const char mark = 0;
