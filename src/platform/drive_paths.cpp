@@ -49,7 +49,7 @@ fs::path NativePath(const fs::path& driveC, const std::string& path) {
   fs::path native = driveC;
   if (letter != 'C')
     native.replace_filename("drive_" + std::string(1, static_cast<char>(letter | 0x20)));
-  if (path.size() > kLongestPath) return native / "too long";
+  if (path.size() > kLongestPath) return native / "too long" / "to open";
   for (std::size_t at = 2; at < path.size();) {
     const std::size_t end = std::min(path.find_first_of("\\/", at), path.size());
     if (end > at) native = EntryOf(native, std::string_view(path).substr(at, end - at));

@@ -45,6 +45,11 @@ FramedWindow::FramedWindow(CommandRunner& runner, Window& state)
   runner.AddRefresher(this, [this] { Refresh(); });
 }
 
+// QWidget's destructor moves the focus when this object is no longer a FramedWindow.
+FramedWindow::~FramedWindow() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 void FramedWindow::SetDefaultButton(QPushButton* button) {
   if (default_ == button) return;
   if (default_ != nullptr) default_->setDefault(false);

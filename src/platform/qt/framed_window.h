@@ -24,6 +24,7 @@ class FramedWindow : public QWidget {
 
  protected:
   FramedWindow(CommandRunner& runner, Window& state);
+  ~FramedWindow() override;
 
   // Returns where to put the frame for a position in the record, both in pixels. By default the
   // whole window is on the screen if it fits.
