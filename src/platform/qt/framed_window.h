@@ -17,6 +17,8 @@ inline constexpr float kTwipsPerPixel = 15;
 // The base class of the four windows.
 class FramedWindow : public QWidget {
  public:
+  ~FramedWindow() override;
+
   // Called after the command for closing the frame.
   std::function<void()> onClosed;
   // Brings the window in front of the others, with the input focus on its focus proxy.
@@ -24,7 +26,6 @@ class FramedWindow : public QWidget {
 
  protected:
   FramedWindow(CommandRunner& runner, Window& state);
-  ~FramedWindow() override;
 
   // Returns where to put the frame for a position in the record, both in pixels. By default the
   // whole window is on the screen if it fits.
