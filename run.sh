@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds the program and starts it: run.sh [PLACE]. Missing Debian packages are installed first, with
+# run.sh [PLACE]: builds the program and starts it. It first installs missing Debian packages with
 # apt-get.
 set -eu
 cd "$(dirname "$0")"
@@ -9,7 +9,7 @@ echo "Building; the first time takes a minute or two."
 cmake --preset release >/dev/null
 cmake --build --preset release
 
-# The sample database, at the path where the program looks first. An existing database stays.
+# Copy the sample database to the path where the program looks first, but keep an existing one.
 drive=${XDG_DATA_HOME:-$HOME/.local/share}/tarnwick/drive_c
 mkdir -p "$drive/geog"
 if [ -z "$(find "$drive" -ipath "$drive/geog/sites.dat")" ]; then

@@ -2,11 +2,12 @@
 # test.sh          builds with warnings as errors and runs the tests.
 # test.sh --deep   runs the long tests as well, then everything under the sanitizers, the logic without
 #                  Qt, the fuzz targets, the coverage, the packages and the checks of style.
-# Missing Debian packages are installed first, with apt-get.
+# test.sh --cross  builds and tests the program for small boards with 64-bit and 32-bit ARM processors.
+# Each form first installs missing Debian packages with apt-get.
 set -eu
 cd "$(dirname "$0")"
 
-# step DOES-WHAT COMMAND...: prints one line, runs the command and prints how long it took.
+# step DESCRIPTION COMMAND...: prints one line, runs the command and prints how long it took.
 step() {
   printf '\n== %s\n' "$1"
   shift
@@ -55,14 +56,16 @@ case ${1:-} in
     step "style: shellcheck" check_scripts
     step "style: clang-format" check_format
     step "style: clang-tidy" check_with_clang_tidy
+    ;;
+  --cross)
+    # Status 77: Qt for the architecture cannot be installed here, so only the logic was tested.
     for architecture in arm64 armhf; do
-      [ -x packaging/cross.sh ] || continue
       step "cross: build, package and tests for $architecture under emulation" \
-        packaging/cross.sh "$architecture"
+        sh -c "packaging/cross.sh $architecture || [ \$? = 77 ]"
     done
     ;;
   *)
-    echo "test.sh [--deep]" >&2
+    echo "test.sh [--deep | --cross]" >&2
     exit 1
     ;;
 esac

@@ -12,8 +12,9 @@
 namespace {
 
 struct EndAtPaint : QObject {
-  bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) QTimer::singleShot(0, [] { std::_Exit(0); });
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (object->isWidgetType() && event->type() == QEvent::Paint)
+      QTimer::singleShot(0, [] { std::_Exit(0); });
     return false;
   }
 };
@@ -23,16 +24,15 @@ struct EndAtPaint : QObject {
 int main(int count, char** arguments) {
   QApplication application(count, arguments);
   EndAtPaint end;
+  application.installEventFilter(&end);
   if (count > 1 && std::string_view(arguments[1]) == "program") {
     Application program;
-    program.mainWindow.installEventFilter(&end);
     program.Start();
     return QApplication::exec();
   }
   QWidget window;
   auto* grid = new QGridLayout(&window);
   for (int i = 0; i < 60; ++i) grid->addWidget(new QLineEdit("x"), i / 6, i % 6);
-  window.installEventFilter(&end);
   window.show();
   return QApplication::exec();
 }

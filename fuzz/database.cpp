@@ -1,22 +1,21 @@
 // A hostile database file, read by Use This, Lookup and the listing.
-//   Input  a line with the text to look for, then the file. \x1D and a character are replaced by
+//   Input  a line with the text to search for, then the file. \x1D and a character are replaced by
 //          kRun of that character, so that lines reach the length limit and cross the read buffer.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <string>
 
 #include "fuzz/invariants.h"
 #include "sites/database/line_reader.h"
 #include "sites/listing/listing.h"
 #include "sites/lookup/lookup.h"
-#include "workspace/commands/home_station.h"
 
 namespace {
 
 constexpr std::size_t kRun = 10'922;  // a third of the longest line
 constexpr int kMostRuns = 30;
+const std::string kList = "c:\\List.txt";
 
 std::string WithRunsExpanded(const std::string& text) {
   std::string file;
@@ -42,15 +41,16 @@ std::size_t CountEntries(Program& program, const std::string& sought) {
 std::size_t CountRows(Program& program) {
   constexpr std::size_t kRow = 132;
   constexpr int kHeaderLines = 8;
+  program.w.Tarnwick.ListFileName.text = kList;
   Bounded([&] { MakeList_Click(program.w); });
   CheckRecord(program.w, kLongestLine);
   Require(program.platform.events.back().rfind("Shell ", 0) == 0, "the listing was made");
-  const std::string listing = ContentOf(GeogFile("SITELIST.TXT"));
+  const std::string& listing = program.platform.files->at(kList);
   std::size_t at = 0;
   for (int line = 0; line < kHeaderLines; ++line) at = listing.find("\r\n", at) + 2;
   std::size_t rows = 0;
   for (; at < listing.size(); at += kRow + 2) {
-    Require(listing.substr(at + kRow, 2) == "\r\n", "a row has 132 characters");
+    Require(listing.compare(at + kRow, 2, "\r\n") == 0, "a row has 132 characters");
     if (++rows % 10 == 0) at += 2;
   }
   return rows;
@@ -63,15 +63,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t end = std::min(input.find('\n'), size);
   const std::string sought = input.substr(0, end);
   const std::string file = WithRunsExpanded(input.substr(std::min(end + 1, size)));
-  std::ofstream(GeogFile("Sites.dat"), std::ios::binary) << file;
 
-  Program program;
+  Program program(file);
   UseThis(program.w, "SU1234");
   SetHome_Click(program.w);
   UseThis(program.w, sought, kLongestLine);
   (void)CountEntries(program, sought);
   Require(CountRows(program) == CountEntries(program, "~"),
           "exactly the lines with a ~ are listed");
-  Require(ContentOf(GeogFile("Sites.dat")) == file, "the database is never written");
+  Require(program.Database() == file, "the database is never written");
   return 0;
 }

@@ -1,7 +1,6 @@
 // A start with hostile settings, then an exit and another start.
 //   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, one a line;
-//   a
-//          line with only a ! leaves that setting out.
+//          a line with only a ! leaves that setting out.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -32,15 +31,15 @@ std::vector<double> Start(Workspace& w, std::size_t inputSize) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  HeadlessPlatform platform;
-  platform.driveC = Folder() / "drive_c";
+  Program program;
+  HeadlessPlatform& platform = program.platform;
   const std::vector<std::string> texts = LinesOf({data + 1, data + size});
   for (std::size_t i = 0; i < std::min(std::size(kSettings), texts.size()); ++i)
     if (texts[i] != "!") platform.StoreSetting(kSettings[i][0], kSettings[i][1], texts[i]);
 
-  Workspace first(platform);
+  Workspace& first = program.w;
   const std::vector<double> home = Start(first, size);
-  Bounded([&] { (void)platform.FileExists(first.Tarnwick.LocDatabase.text); });
+  Bounded([&] { (void)platform.ContainsFile(first.Tarnwick.LocDatabase.text, ".jpg"); });
   const bool kept = !IsTrue(first.BaseSet) || *data % 2 == 0;
   first.Tarnwick.SaveOnExit.checked = !kept;
   first.SetUpCom.CPort.text = texts.back();

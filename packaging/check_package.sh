@@ -1,7 +1,7 @@
 #!/bin/sh
-# check_package.sh PACKAGE [EMULATOR]: has Debian's own tools judge the Debian package, warnings
-# included, and starts the program in it by its menu entry in an empty home folder. EMULATOR runs a
-# program of another architecture.
+# check_package.sh PACKAGE [EMULATOR]: checks the Debian package with lintian and other tools, where
+# a warning is a failure, and starts its program by the menu entry with an empty home folder.
+# EMULATOR runs a program of another architecture.
 set -eu
 cd "$(dirname "$0")/.."
 package=$1
@@ -17,7 +17,7 @@ entry=$root/usr/share/applications/$id.desktop
 metainfo=$root/usr/share/metainfo/$id.metainfo.xml
 desktop-file-validate "$entry"
 grep -q "<id>$id</id>" "$metainfo"
-# Both forms: without a web address, and with one as a publisher would set it.
+# Check the metainfo without a web address, and with one as a publisher would set it.
 appstreamcli validate --no-net --pedantic "$metainfo"
 with_address=$root/with_address
 cmake -DTARNWICK_HOMEPAGE=https://host.example/tarnwick -G Ninja -S . -B "$with_address" \
@@ -26,7 +26,7 @@ appstreamcli validate --no-net --pedantic "$with_address/texts/$id.metainfo.xml"
 man --warnings -l "$root/usr/share/man/man1/tarnwick.1.gz" 2>&1 >/dev/null | (! grep .)
 [ -s "$root/usr/share/tarnwick/drive_c/geog/Sites.dat" ]
 
-# The manual's links lead to headings of the page, its pictures are there.
+# Each link of the manual must lead to a heading of the page, and each picture must exist.
 manual=$root/usr/share/doc/tarnwick/html
 for link in $(grep -o 'href="#[^"]*"' "$manual/index.html" | cut -d'"' -f2 | sort -u); do
   grep -q "id=\"${link#\#}\"" "$manual/index.html" || { echo "Dead link in the manual: $link"; exit 1; }
@@ -36,7 +36,7 @@ for picture in $(grep -o 'src="[^"]*"' "$manual/index.html" | cut -d'"' -f2); do
 done
 (! grep -o 'href="[^"#]*\.md[^"]*"' "$manual/index.html")
 
-# The program runs until it is asked to end, says nothing, and then stores its settings.
+# The program must run until `timeout` ends it, print nothing, and store its settings at the end.
 export HOME="$root/home" QT_QPA_PLATFORM=offscreen XDG_DATA_DIRS="$root/usr/share:/usr/share"
 export XDG_RUNTIME_DIR="$root/run"
 unset XDG_CONFIG_HOME XDG_DATA_HOME

@@ -1,9 +1,9 @@
 #!/bin/sh
-# Builds the program and its Debian package for small boards on another machine, in build/ARCH, and
-# runs the tests under emulation: cross.sh ARCH, where ARCH is arm64 (64-bit systems) or armhf
-# (32-bit systems on ARMv7 and later processors).
-# Where Qt for ARCH cannot be installed, the logic alone is built and tested, without a package, and
-# the exit status is 77.
+# cross.sh ARCH: cross-compiles the program and its Debian package for small boards in build/ARCH
+# and runs the tests under emulation. ARCH is arm64 (64-bit systems) or armhf (32-bit systems on ARMv7
+# and later processors).
+# If Qt for ARCH cannot be installed, builds and tests only the logic, makes no package, and exits
+# with status 77.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -40,8 +40,8 @@ rm -f "$build"/tarnwick_*.deb
 configure . "$build" -DTARNWICK_DESKTOP="$desktop" -DTARNWICK_TESTS=ON -DTARNWICK_WERROR=ON \
   -DGTest_DIR="$googletest/installed/lib/cmake/GTest" -DCMAKE_CROSSCOMPILING_EMULATOR="$emulator"
 cmake --build "$build"
-# The long tests are for the machine itself. A test that needs a system call which the emulator lacks
-# skips and says so.
+# No long tests under emulation. A test that needs a system call that the emulator lacks is skipped
+# with a message.
 env -u TARNWICK_DEEP TARNWICK_EMULATED=yes \
   ctest --test-dir "$build" --output-on-failure --parallel "$(nproc)" --timeout 600
 

@@ -1,6 +1,6 @@
 #!/bin/sh
-# debian_changelog.sh CHANGELOG.md: prints the file in the form that Debian wants. Each heading there is
-# "## VERSION - YYYY-MM-DD", each entry a list item.
+# debian_changelog.sh CHANGELOG.md: prints the file in the format of a Debian changelog. In
+# CHANGELOG.md each heading is "## VERSION - YYYY-MM-DD" and each entry is a list item.
 set -eu
 awk '
   function end() {

@@ -1,7 +1,7 @@
 #!/bin/sh
-# install.sh [--target ARCH] PURPOSE...: installs with apt-get the packages that packages.txt lists for
-# each purpose and that are not installed yet, and says so before. With a target architecture (a Debian
-# name such as arm64) also the packages marked "target", of that architecture.
+# install.sh [--target ARCH] PURPOSE...: prints the missing packages that packages.txt lists for each
+# purpose and installs them with apt-get. With a target architecture (a Debian name such as arm64) it
+# also installs the packages marked "target" for that architecture.
 set -eu
 list=$(dirname "$0")/packages.txt
 native=$(dpkg --print-architecture)
@@ -53,6 +53,6 @@ if $as_root apt-get update -qq >&2 &&
     --no-install-recommends $missing >&2; then
   exit 0
 fi
-# An architecture whose packages cannot be had must not spoil later updates.
+# Remove the new architecture again: if its packages are unavailable, later updates would fail.
 [ -z "$added" ] || { $as_root dpkg --remove-architecture "$added" && $as_root apt-get update -qq; } >&2
 exit 1

@@ -39,8 +39,7 @@ int main(int argc, char** argv) {
   const QApplication qt(argc, argv);
   parser.process(qt);
   QApplication::setApplicationName(kProgramTitle);
-  // By the desktop entry a task bar knows what the windows belong to, if it does not take their
-  // icon.
+  // Some task bars ignore the window icon and use the icon of the desktop entry with this name.
   QApplication::setDesktopFileName("org.tarnwick.tarnwick");
   QApplication::setWindowIcon(QIcon(":/tarnwick.svg"));
   // Closing the Pointing window must not end the program while the main window is minimised.

@@ -57,7 +57,7 @@ TEST_F(Geo, LocatorsRoundTrip) {
   }
 }
 
-// The characters of one axis, step by step: the order of the arithmetic decides at the edges.
+// The characters of one axis, one by one: the order of the arithmetic decides at the edges.
 std::string AxisByStep(double axis) {
   const double field = std::floor(axis / 10);
   const double inField = axis - 10 * field;
@@ -218,7 +218,7 @@ struct SineAndCosine {
   DoubleDouble sine, cosine;
 };
 
-// For angles below 2^20 radians; right to 100 bits.
+// For angles below 2^20 radians; accurate to 100 bits.
 SineAndCosine ExactSineAndCosine(double angle) {
   static constexpr double kQuarterTurn[] = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54,
                                             -0x1.f1976b7ed8fbcp-110};
@@ -246,12 +246,12 @@ double Units(double result, DoubleDouble exact) {
 double UnitsOfArctangent(double result, double ratio) {
   const auto [sine, cosine] = ExactSineAndCosine(result);
   const DoubleDouble x = {ratio, 0};
-  // tan(a - b) = (tan a - tan b) / (1 + tan a tan b); so small a tangent is its angle.
+  // tan(a - b) = (tan a - tan b) / (1 + tan a tan b); a tangent as small as this equals its angle.
   const DoubleDouble above = x * cosine + DoubleDouble{-1, 0} * sine;
   return Units(result, {result, above.high / (cosine + x * sine).high});
 }
 
-// The seams are where one way to reduce an angle gives way to the next.
+// A seam is an argument at which the procedures change from one formula to another.
 TEST(Trigonometry, KeepsTheLastPlace) {
   std::mt19937_64 random(4);
   std::vector<double> angles;
@@ -273,7 +273,7 @@ TEST(Trigonometry, KeepsTheLastPlace) {
   }
 }
 
-// The sines of what is left above full turns of the double next to 2 pi.
+// The expected values are those of the remainder after division by the double closest to 2 pi.
 TEST(Trigonometry, AgreesOnAbsurdAngles) {
   const struct {
     double angle, sine, cosine;

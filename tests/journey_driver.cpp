@@ -19,6 +19,7 @@
 #include "workspace/events/start_and_exit.h"
 #include "workspace/record/control_tables.h"
 #include "workspace/values/number_text.h"
+#include "workspace/values/rounding.h"
 
 namespace {
 
@@ -66,7 +67,7 @@ void Edit(Workspace& w, std::string_view name, const std::string& text) {
   });
 }
 
-// False if the Results window shows no such row.
+// Selects a row of the Results window; false if the window shows no such row.
 bool Select(Workspace& w, std::string_view row) {
   const double index = TextToNumber(row);
   ListBox& list = w.ShowList.PR;
@@ -117,6 +118,16 @@ constexpr struct {
      [](Session& s, std::string_view rest) {
        s.platform.serial.ports.insert(static_cast<int>(TextToNumber(rest)));
      }},
+    {"store", false,
+     [](Session& s, std::string_view rest) {
+       const std::string path = Unescaped(TakeWord(rest));
+       if (!s.platform.files) s.platform.files.emplace();
+       (*s.platform.files)[path] = Unescaped(rest);
+     }},
+    {"fail", false,
+     [](Session& s, std::string_view rest) {
+       s.platform.faults = {.failAt = RoundToInt16(TextToNumber(rest))};
+     }},
     {"start", false, [](Session& s, std::string_view) { Start(s); }},
     {"type", true,
      [](Session& s, std::string_view rest) { Edit(*s.w, "Tarnwick.InputText", Unescaped(rest)); }},
@@ -139,7 +150,7 @@ constexpr struct {
     {"close", true, [](Session& s, std::string_view) { CloseByFrame(*s.w, "Tarnwick"); }},
 };
 
-// False if the line is no action, or none before the first start.
+// Runs the action of a line. False if there is no such action, or not before the first start.
 bool Act(Session& session, std::string_view name, std::string_view rest) {
   for (const auto& action : kActions) {
     if (action.name != name) continue;

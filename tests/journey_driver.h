@@ -7,6 +7,8 @@
 //   setting SECTION KEY TEXT
 //                   stores a setting
 //   port N          serial port N can be opened from now on
+//   store PATH TEXT stores a file in memory; from now on there are no other files
+//   fail N          the N-th call of the system from now on fails (FaultInjection)
 //   start           starts the program, if it does not run
 //   show            prints the values that differ from the last show, as PrintChanges does
 // After the first start:

@@ -1,4 +1,4 @@
-// Runs every file of tests/journeys: what a user does, and everything that changes by it.
+// Runs every file of tests/journeys, a list of user actions and of everything that they change.
 //
 // Actions (journey_driver.h) start in the first column. Each journey runs in a folder of its own,
 // which is also its "home". The indented lines under an action are all changes by it and by the

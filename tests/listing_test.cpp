@@ -26,7 +26,7 @@
 
 namespace {
 
-// The rows by the exact path alone.
+// The rows that the exact path alone writes.
 std::string PlainRows(Workspace& w) {
   std::string rows;
   if (!OpenDatabase(w)) return rows;
@@ -54,7 +54,7 @@ std::string RowsOfFile(const std::string& path) {
   return content.substr(content.find(heading) + heading.size());
 }
 
-// What a run leaves behind.
+// The values of the workspace that a run changes.
 auto StateOf(const Workspace& w) {
   const MainWindow& main = w.Tarnwick;
   return std::tuple(w.sitename, w.Lat, w.Lon, w.Resolution, w.Dist.number, w.Bearing.number,
@@ -95,8 +95,9 @@ class Listing : public testing::Test {
   std::string last;
 };
 
-// Records of every kind, most of them in a few squares. Places near the first home station and due
-// north of it, cells at the edge of the grid and of its box, and texts that are nearly references.
+// Returns records of every kind, most of them in a few squares. They include places near the first
+// home station and due north of it, cells at the edge of the grid and of its box, and texts that
+// are almost references.
 std::string RecordsFrom(std::mt19937& random, int count) {
   const auto one = [&random](std::string_view of) { return of[random() % of.size()]; };
   const auto some = [&](std::string_view of, auto number) {
@@ -151,12 +152,12 @@ std::string RecordsFrom(std::mt19937& random, int count) {
     records += (random() % 40 == 0 ? "~ENDENDEND" : "~a remark") + std::string("\r\n");
     if (random() % 50 == 0) records += "no record\r\n";
   }
-  // The last records that decide what stays behind: off the box inside a square that is half in it.
+  // A last record outside the box of IsInGridBox, in a square of degrees that is partly in the box.
   if (random() % 2 == 0) records += "Sea~JO01" + some("VWX", 1) + some("ABC", 1) + "\r\n";
   return records;
 }
 
-// A distance of nullptr is that of the last record.
+// A distance of nullptr means the distance of the last record.
 struct Restriction {
   const char *minimum, *maximum, *from, *to, *name;
   void WriteTo(MainWindow& main) const {
@@ -222,7 +223,7 @@ ApproximatePlace ExactPlace(const HomeStation& home, CoordinateForm form, double
   return place;
 }
 
-// Every square, from home stations near and far, against the exact formulas.
+// Compares every square, from home stations near and far, with the exact formulas.
 TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> unit(0, 1);
@@ -256,8 +257,8 @@ TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
   }
 }
 
-// The values of a place whose whole part decides what a row shows: two coordinates, distance and
-// both bearings.
+// The values of a place, scaled so that their whole parts decide what a row shows: two coordinates,
+// the distance and both bearings.
 std::array<double, 5> DecisionsOf(const ApproximatePlace& place, CoordinateForm form) {
   const double x = form == kGrid ? (place.x + 180) / 2 * 5760 : place.x / 10 + 0.5;
   const double y = form == kGrid ? (place.y + 90) * 5760 : place.y / 10 + 0.5;
@@ -351,7 +352,8 @@ TEST_F(Listing, FiguresAtADecisionTakeTheExactPath) {
       const auto value = [&](double lon, bool exactly) {
         return DecisionsOf(placeFrom(lon, exactly), square.form)[i];
       };
-      // The longitude from which the value is just the whole number that it is from about 4.5 W.
+      // The longitude of the home station at which the value crosses the whole number below its
+      // value at 4.5 W.
       const double whole = std::floor(value(-4.5, true));
       const auto crossing = [&](bool exactly) {
         double below = -4.7;
@@ -386,8 +388,8 @@ TEST_F(Listing, FiguresAtADecisionTakeTheExactPath) {
   }
 }
 
-// Where the bearings of a slightly shifted place differ: a few metres from the home station and
-// from its antipode, due north of it, and seen from close to a pole.
+// Places whose bearing changes much with a small shift: a few metres from the home station and from
+// its antipode, due north and south of it, and from a home station close to a pole.
 TEST_F(Listing, IllConditionedBearingsTakeTheExactPath) {
   const Rectangle over{400000, 200000, 100000, 100000};
   std::mt19937 random(1);
@@ -398,7 +400,7 @@ TEST_F(Listing, IllConditionedBearingsTakeTheExactPath) {
   for (int i = 0; i < 20; ++i)
     for (int j = 0; j < 20; ++j)
       records += "Near~SP" + std::to_string(39990 + i) + std::to_string(39990 + j) + "\r\n";
-  // The meridian of the home station between the exact and the approximate place.
+  // A longitude between those of the exact and of the approximate place.
   const LocalPolynomials polynomials = PolynomialsOf(HomeStationAt(0, 0), over, kGrid);
   const double between =
       (lon + PlaceAt(HomeStationAt(0, 0), polynomials, kGrid, 440000, 240000).x) / 2;

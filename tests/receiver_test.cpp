@@ -1,27 +1,21 @@
-// The receiver: the receive buffer, the logs in tests/receiver_logs, and arbitrary streams.
-//
-// NAME.nmea is what a receiver sent. NAME.expected has a line for each RMC sentence in it, in
-// order: what the input box shows and the place after it, if the sentence is used:
-//   TEXT | LATITUDE LONGITUDE        in degrees; = for the place before
+// The receiver: the receive buffer, lines of receivers, and arbitrary streams.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <random>
-#include <sstream>
+#include <string>
+#include <vector>
 
 #include "gps/nmea_receiver.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "platform/headless/headless.h"
-#include "platform/serial_settings.h"
 #include "workspace/events/start_and_exit.h"
 
 namespace {
 
-// A program whose receiver has just been set up; without a site database.
+// A program whose receiver has just been set up. It has no site database.
 struct Program {
   Program() {
     platform.files.emplace();
@@ -42,8 +36,8 @@ struct Program {
 
 using Used = std::vector<std::string>;
 
-// What the program shows for each sentence that it uses of a stream which arrives in chunks:
-//   TEXT | LATITUDE LONGITUDE
+// What the program shows for each sentence that it uses from a stream that arrives in chunks:
+//   TEXT | LATITUDE LONGITUDE        in degrees; = if the place is the previous one
 Used UsedOf(const std::string& stream, std::size_t chunk) {
   Program program;
   Used used;
@@ -58,59 +52,93 @@ Used UsedOf(const std::string& stream, std::size_t chunk) {
   return used;
 }
 
-struct Log {
-  explicit Log(const std::string& name) {
-    const std::filesystem::path file = std::string(TARNWICK_RECEIVER_LOGS) + "/" + name;
-    std::ostringstream bytes;
-    bytes << std::ifstream(file.string() + ".nmea", std::ios::binary).rdbuf();
-    stream = bytes.str();
-    std::ifstream lines(file.string() + ".expected");
-    for (std::string line; std::getline(lines, line);)
-      if (line.front() != '#') expected.push_back(line);
-  }
-  std::string stream;
-  Used expected;  // for each RMC sentence, as if it were used
-};
-
-bool HasFix(const std::string& line) {
-  return line.substr(line.size() - 2) != " =";
-}
-
-// Shows every sentence as expected, in order, and the same ones however the characters arrive. Of
-// the sentences with a fix the lone receivers lose one in twenty at most.
-TEST(Receiver, ReplaysTheLogsHoweverTheyArrive) {
-  const struct {
-    const char* name;
-    bool countsForShare;  // not two receivers, lines without a carriage return, or noise
-  } logs[] = {{"far_places", true},     {"line_feeds", false}, {"no_fix", true},
-              {"noise", false},         {"one_hz", true},      {"ten_hz", true},
-              {"two_in_a_burst", false}};
-  std::ptrdiff_t fixes = 0;
-  std::ptrdiff_t fixesUsed = 0;
-  for (const auto& row : logs) {
-    const Log log(row.name);
-    const Used used = UsedOf(log.stream, 1);
-    auto next = log.expected.begin();
-    for (const std::string& shown : used) {
-      next = std::find(next, log.expected.end(), shown);
-      ASSERT_NE(next, log.expected.end()) << row.name << ": " << shown;
-      ++next;
-    }
-    for (const std::size_t chunk : {2U, 7U, 8U, 63U, 64U, 65U, 127U, 128U, 129U, 1000U, 1'000'000U})
-      EXPECT_EQ(UsedOf(log.stream, chunk), used) << row.name << " in chunks of " << chunk;
-    const auto inLog = std::count_if(log.expected.begin(), log.expected.end(), HasFix);
-    const auto inUse = std::count_if(used.begin(), used.end(), HasFix);
-    std::cout << row.name << ": " << inUse << " of " << inLog << " fixes used\n";
-    if (!row.countsForShare) continue;
-    fixes += inLog;
-    fixesUsed += inUse;
-  }
-  EXPECT_GE(static_cast<double>(fixesUsed), 0.95 * static_cast<double>(fixes));
-}
-
 const std::string kSentence =
     "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 const std::string kShown = "48 07.038N 011 31.000E [ 12:35:19 UTC ]";
+
+// Recorded lines, ended by CR LF. The size of the chunks in which they arrive changes nothing.
+TEST(Receiver, UsesTheSentencesOfALog) {
+  const struct {
+    const char* reason;
+    std::string lines;  // ended by \n
+    Used used;
+    const char* lineEnd = "\r\n";
+  } logs[] = {
+      {"a walk, over a full minute",
+       "$GPGGA,123559,5128.722,N,00027.606,W,1,08,0.9,545.4,M,46.9,M,,*5F\n"
+       "$GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1*39\n"
+       "$GPGSV,2,1,08,23,67,128,44,30,13,301,43,24,37,018,33,06,26,174,36*73\n"
+       "$GPGSV,2,2,08,24,18,174,28,06,39,351,30,20,22,040,40,10,88,158,35*77\n"
+       "$GPRMC,123559,A,5128.722,N,00027.606,W,022.4,084.4,230394,003.1,W*72\n"
+       "$GPVTG,084.4,T,087.5,M,022.4,N,041.5,K*48\n"
+       "$GPGGA,123600,5128.746,N,00027.588,W,1,08,0.9,545.4,M,46.9,M,,*57\n"
+       "$GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1*39\n"
+       "$GPGSV,2,1,08,11,06,041,39,26,04,121,43,23,32,233,40,27,18,028,49*73\n"
+       "$GPRMC,123600,A,5128.746,N,00027.588,W,022.4,084.4,230394,003.1,W*7A\n"
+       "$GPVTG,084.4,T,087.5,M,022.4,N,041.5,K*48\n",
+       {"51 28.722N 000 27.606W [ 12:35:59 UTC ] | 51.478700 -0.460100",
+        "51 28.746N 000 27.588W [ 12:36:00 UTC ] | 51.479100 -0.459800"}},
+      {"many positions a second, of many satellite systems",
+       "$GNGGA,091414.00,5649.08600,N,00500.21600,W,1,08,0.9,545.4,M,46.9,M,,*63\n"
+       "$GNRMC,091414.00,A,5649.08600,N,00500.21600,W,1.42,71.3,160624,,,A*5E\n"
+       "$GLGSV,1,1,04,03,53,238,31,25,84,313,22,14,30,191,20,23,51,142,47*69\n"
+       "$GNRMC,091414.10,A,5649.08660,N,00500.21480,W,1.42,71.3,160624,,,A*53\n"
+       "$GNRMC,091414.20,A,5649.08720,N,00500.21360,W,1.42,71.3,160624,,,A*5C\n",
+       {"56 49.08600N 005 00.21600W [ 09:14:14 UTC ] | 56.818100 -5.003600",
+        "56 49.08660N 005 00.21480W [ 09:14:14 UTC ] | 56.818110 -5.003580",
+        "56 49.08720N 005 00.21360W [ 09:14:14 UTC ] | 56.818120 -5.003560"}},
+      {"south and east, the date line, the pole; degrees 00 with less than 10 minutes read as 0, "
+       "so "
+       "the text is taken for the name of a site",
+       "$GNRMC,235940.00,A,3351.5000,S,15112.6000,E,022.4,084.4,230394,003.1,W*5E\n"
+       "$GARMC,235949.63,A,6530.0000,N,18000.0000,E,022.4,084.4,230394,003.1,W*59\n"
+       "$INRMC,235951.77,A,9000.0000,S,00030.0000,E,022.4,084.4,230394,003.1,W*45\n"
+       "$GPRMC,235955,A,0005.000,N,00930.000,E,000.0,360.0,130998,011.3,E*78\n"
+       "$GPRMC,235958,A,0010.000,N,00000.000,E,022.4,084.4,230394,003.1,W*64\n",
+       {"33 51.5000S 151 12.6000E [ 23:59:40 UTC ] | -33.858333 151.210000",
+        "65 30.0000N 180 00.0000E [ 23:59:49 UTC ] | 65.500000 180.000000",
+        "90 00.0000S 000 30.0000E [ 23:59:51 UTC ] | -90.000000 0.500000",
+        "00 05.000N 009 30.000E          [ 23:59:55 UTC ] | =",
+        "00 10.000N 000 00.000E [ 23:59:58 UTC ] | 0.166667 0.000000"}},
+      {"no place: empty fields repeat the status before them; a sentence of 35 characters counts "
+       "only with others behind it; a warning with a place counts",
+       "$GPRMC,123516,V,,,,,000.0,000.0,230394,003.1,W,N*25\n"
+       "$GPGGA,123516,,,,,0,00,99.99,,,,,,*4A\n"
+       "$GPRMC,123517.00,V,,,,,,,230394,,,N*71\n"
+       "$GPRMC,123518.00,V,,,,,,,230394,,,N*7E\n"
+       "$GPRMC,123522,V,4807.050,N,01131.002,E,022.4,084.4,230394,003.1,W*79\n"
+       "$GPRMC,123523.00,V,,,,,,,230394,,,N*76\n"
+       "$GPTXT,01,01,02,ANTSTATUS=OPEN*2B\n",
+       {"V V V V          [ 12:35:16 UTC ] | =", "V V V V          [ 12:35:17 UTC ] | =",
+        "48 07.050N 011 31.002E [ 12:35:22 UTC ] | 48.117500 11.516700",
+        "V V V V          [ 12:35:23 UTC ] | ="}},
+      {"two receivers on one line",
+       "$GPRMC,080000,A,5200.000,N,00112.000,W,022.4,084.4,230394,003.1,W*7A\n"
+       "$GNRMC,080000,A,5200.30000,N,00118.00000,W,022.4,084.4,230394,003.1,W*6D\n"
+       "$GPRMC,080001,A,5200.600,N,00112.000,W,022.4,084.4,230394,003.1,W*7D\n",
+       {"52 00.000N 001 12.000W [ 08:00:00 UTC ] | 52.000000 -1.200000",
+        "52 00.30000N 001 18.00000W [ 08:00:00 UTC ] | 52.005000 -1.300000",
+        "52 00.600N 001 12.000W [ 08:00:01 UTC ] | 52.010000 -1.200000"}},
+      {"noise between sentences, one with a wrong checksum",
+       "\xF7\x08$GPRMC,060000,A,5706.000,N,00206.000,W,022.4,084.4,230394,003.1,W*70\n"
+       "Q\xFF\x1D:\x80"
+       "RM\x01GA,,,\n"
+       "U\x03\xE9$GPRMC,060001,A,5707.200,N,00207.200,W,022.4,084.4,230394,003.1,W*00\n",
+       {"57 06.000N 002 06.000W [ 06:00:00 UTC ] | 57.100000 -2.100000",
+        "57 07.200N 002 07.200W [ 06:00:01 UTC ] | 57.120000 -2.120000"}},
+      {"no carriage return: none is used",
+       kSentence.substr(0, 68) + "\n" + kSentence.substr(0, 68) + "\n" + kSentence.substr(0, 68) +
+           "\n",
+       {},
+       "\n"},
+  };
+  for (const auto& log : logs) {
+    std::string stream;
+    for (const char c : log.lines) stream += c == '\n' ? log.lineEnd : std::string(1, c);
+    for (const std::size_t chunk : {1U, 2U, 7U, 63U, 64U, 65U, 127U, 128U, 129U, 1'000'000U})
+      EXPECT_EQ(UsedOf(stream, chunk), log.used) << log.reason << ", in chunks of " << chunk;
+  }
+}
 
 TEST(Receiver, TakesTheFirstSentenceOf45CharactersAndNoOther) {
   const std::string pad(64, '.'), zeros(35, '0');
@@ -147,16 +175,16 @@ TEST(Receiver, KeepsTheNewestCharactersThroughAPause) {
   std::string stream;
   for (int i = 0; stream.size() < 99'968; ++i) stream += std::to_string(i) + ",";
   program.Feed(stream);
-  stream.resize(stream.size() - program.platform.serial.buffer.characters.size());
+  stream.resize(stream.size() - program.platform.serial.buffer.size());
   UseNMEA_Click(program.w);
-  program.Feed(kSentence + kSentence);  // is lost
+  program.Feed(kSentence + kSentence);  // lost: the port is closed
   SetUpCom::Command1_Click(program.w);
   EXPECT_EQ(program.w.SetUpCom.RxBuffer, stream.substr(stream.size() - 32'767));
   program.Feed(kSentence);
   EXPECT_EQ(program.Box(), kShown);
 }
 
-// Sentences with characters changed, lost and put in, and plain noise.
+// Sentences with characters changed, lost and inserted, and random characters.
 TEST(Receiver, StandsEveryStream) {
   const std::string likely = "RMC,,,,\r0123456789.NSEWVA*$'\" \xB0";
   Program program;
@@ -182,15 +210,20 @@ TEST(Receiver, StandsEveryStream) {
 
 TEST(Receiver, ReadsSpeedsAsDigitsWithBlanksAround) {
   const struct {
-    const char* settings;
+    const char* text;
     int speed;  // 0 for malformed
-  } rows[] = {{"4800,n,8,1", 4800}, {" 4800 ,n,8,1", 4800}, {"115200,n,8,1", 115200},
-              {"+4800,n,8,1", 0},   {"-4800,n,8,1", 0},     {"0,n,8,1", 0},
-              {",n,8,1", 0},        {" ,n,8,1", 0},         {"4800.5,n,8,1", 0},
-              {"48 00,n,8,1", 0},   {"fast,n,8,1", 0},      {"99999999999,n,8,1", 0},
-              {"4800,e,8,1", 0},    {"4800,n,8,1 ", 0},     {"4800", 0}};
-  for (const auto& row : rows)
-    EXPECT_EQ(SpeedOf(row.settings).value_or(0), row.speed) << row.settings;
+  } rows[] = {{"4800", 4800}, {" 4800 ", 4800}, {"115200", 115200}, {"+4800", 0}, {"-4800", 0},
+              {"0", 0},       {"", 0},          {" ", 0},           {"48.5", 0},  {"48 00", 0},
+              {"fast", 0},    {"4800,n", 0},    {"99999999999", 0}};
+  for (const auto& row : rows) {
+    Program program;
+    UseNMEA_Click(program.w);  // closes the port
+    program.platform.serial.openSpeed = 0;
+    program.w.SetUpCom.Baud.text = row.text;
+    SetUpCom::Command1_Click(program.w);
+    EXPECT_EQ(program.platform.serial.openSpeed, row.speed) << row.text;
+    EXPECT_EQ(program.w.SetUpCom.Text1.text, row.speed == 0 ? "COM PORT FAIL" : "") << row.text;
+  }
 }
 
 }  // namespace

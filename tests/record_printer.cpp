@@ -44,7 +44,7 @@ std::string Value(const UntypedValue& value) {
   return value.empty ? "" : Value(value.number);
 }
 
-// A blank, and a coordinate of a picture to four places.
+// A blank, then a coordinate of a picture with at most four decimal places.
 std::string Coordinate(float number) {
   std::string text = " " + FormatPicture(static_cast<double>(number), "#0.####");
   if (text.back() == '.') text.pop_back();
@@ -149,6 +149,8 @@ void PrintChanges(const Workspace* w, HeadlessPlatform& platform, Printed& print
   }
   for (const auto& [name, setting] : platform.settings)
     print("Setting " + setting.section + " " + setting.key, Value(setting.text));
+  if (platform.files)
+    for (const auto& [path, text] : *platform.files) print("File " + path, Value(text));
   for (const std::string& event : platform.events) out << Escaped(event) << '\n';
   platform.events.clear();
   out << ".\n";

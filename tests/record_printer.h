@@ -15,9 +15,9 @@ struct Printed {
   std::vector<DrawOperation> drawn;
 };
 
-// Prints the values that differ from those in `printed`, all at first: of the windows as
-// Window.property and Window.Control.property, of the record as Record.field, a changed picture as
-// "Draw" lines, and the stored settings. Then prints the platform's events and removes them, and
-// ends with a line of a single point. `w` is null before the first start.
+// Prints the values that differ from those in `printed`; the first call prints all: of the windows
+// as Window.property and Window.Control.property, of the record as Record.field, a changed picture
+// as "Draw" lines, the stored settings, and the files in memory. Then prints the platform's events
+// and removes them, and ends with a line of a single point. `w` is null before the first start.
 void PrintChanges(const Workspace* w, HeadlessPlatform& platform, Printed& printed,
                   std::ostream& out);

@@ -36,7 +36,7 @@ class Database : public testing::Test {
   Workspace w{platform};
 };
 
-// One character after the other.
+// Splits a text into lines, character by character.
 std::vector<std::string> PlainLinesOf(const std::string& content) {
   std::vector<std::string> lines(1);
   for (std::size_t i = 0; i < content.size(); ++i) {
@@ -86,7 +86,8 @@ TEST_F(Database, MatchesAsAPlainSearchDoes) {
   }
 }
 
-// What Use This makes of the lines, one after the other: its words and the name it ends with.
+// The result of Use This when it tests one line after the other: the text of the input box, and
+// sitename.
 std::pair<std::string, std::string> PlainUse(const std::vector<std::string>& lines,
                                              const std::string& sought) {
   std::string name;
@@ -168,7 +169,7 @@ TEST_F(Database, ASecondLookupAddsToThousandsOfEntries) {
 }
 
 TEST_F(Database, WhatCannotBeReadIsReportedAsMissing) {
-  // The last opens and fails when it is read.
+  // The last path can be opened, but reading it fails.
   for (const char* path : {"", "c:\\none.dat", "/tmp", "/dev/zero", "/proc/self/mem"}) {
     platform.events.clear();
     w.Tarnwick.LocDatabase.text = path;
@@ -177,7 +178,7 @@ TEST_F(Database, WhatCannotBeReadIsReportedAsMissing) {
   }
 }
 
-// The sample that is delivered: every site is a place in Great Britain, no name comes twice.
+// The sample database that is installed: every site is in Great Britain, and no name occurs twice.
 TEST_F(Database, TheSampleIsWellFormed) {
   w.Tarnwick.LocDatabase.text = TARNWICK_SAMPLE;
   ASSERT_TRUE(OpenDatabase(w));

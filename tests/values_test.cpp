@@ -27,7 +27,7 @@ TEST(FormatPicture, RoundsTheDecimalTextAwayFromZero) {
       {12.5, "####0.00#", "12.50"}, {12.3456, "####0.00#", "12.346"}, {0, "####0.00#", "0.00"},
       {7.25, "##0.0", "7.3"}, {1.25, "0.0 deg", "1.3 deg"}, {1.25, "0.0deg", "1.3deg"},
       {359.96, "##0.0", "360.0"},  // a bearing doesn't wrap
-      {9.95, "##0.0", "10.0"},     // the carry makes a new digit
+      {9.95, "##0.0", "10.0"},     // the carry adds a digit
       {0.5, "0.000km ", "0.500km "}, {0.125, "0.00#km ", "0.125km "}, {0.5, "0.00#km ", "0.50km "},
       {0.125, "0.00km / ", "0.13km / "}, {1.25, "0.00#deg / ", "1.25deg / "},
       {1.005, "0.00km / ", "1.01km / "},  // the nearest double lies below the tie
@@ -39,8 +39,8 @@ TEST(FormatPicture, RoundsTheDecimalTextAwayFromZero) {
       {1.25, "###0.000000", "1.250000"}, {2.5, "##0", "3"}, {0, "#0", "0"},
       {5.5, "00.0000' ", "05.5000' "}, {59.99995, "00.0000' ", "60.0000' "}, {5, "00'", "05'"},
       {5.25, "00.0'' ", "05.3'' "}, {12, "####0.0", "12.0"}, {12, "(####0.0)", "(12.0)"},
-      {-12.25, "(####0.0)", "-(12.3)"},  // the sign stands before the head
-      {-0.04, "##0.0", "0.0"}, {-0.0004, "####.###", "."},  // what rounds to zero has no sign
+      {-12.25, "(####0.0)", "-(12.3)"},  // the sign precedes the head
+      {-0.04, "##0.0", "0.0"}, {-0.0004, "####.###", "."},  // no sign for a rounded zero
       {123456789012345678., "##0.0", "123456789012346000.0"},
       {1e-320, "0.00#deg / ", "0.00deg / "}, {std::nan(""), "##0.0", "0.0"},
       // clang-format on
@@ -51,7 +51,7 @@ TEST(FormatPicture, RoundsTheDecimalTextAwayFromZero) {
   EXPECT_EQ(FormatPicture(-kInfinity, "##0.0").size(), 1 + 309 + 2U);
 }
 
-// A number under a picture by way of its 15 significant digits alone.
+// A number under a picture, always rounded from its text of 15 significant digits.
 std::string ByFifteenDigits(double number, const Picture& picture) {
   std::array<char, 32> text{};
   (void)std::snprintf(text.data(), text.size(), "%.14e", std::fabs(number));
@@ -128,7 +128,7 @@ TEST(TextToNumber, ReadsTheFrontOfAText) {
       // clang-format on
   };
   for (const auto& [text, number] : rows) EXPECT_EQ(TextToNumber(text), number) << text;
-  // Digits and exponent that are each out of range and together are not.
+  // Digits and exponent are each out of range, but the number is not.
   EXPECT_EQ(TextToNumber("1" + std::string(1000, '0') + "E-998"), 100);
   EXPECT_EQ(TextToNumber("." + std::string(1000, '0') + "5E1001"), 5);
   EXPECT_EQ(TextToNumber("&H" + std::string(1000, 'F')), std::numeric_limits<double>::max());

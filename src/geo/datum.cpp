@@ -33,10 +33,8 @@ constexpr Helmert kAiryToWGS84{446.448,           -125.157,         542.06,     
                                RadiansOf(0.1502), RadiansOf(0.247), RadiansOf(0.8421)};
 constexpr Helmert kWGS84ToAiry = Reversed(kAiryToWGS84);
 
-constexpr double kHeight = 0;  // m, above the ellipsoid
-
-// Below 1e-08 radians (6 cm) the latitude counts as settled. Every real latitude needs two passes;
-// the bound is twice that, so that the loop ends whatever the numbers are.
+// The iteration has converged when the latitude changes by at most 1e-08 radians (6 cm). Every
+// real latitude needs two passes; the limit of twice as many ends the loop for all other numbers.
 constexpr double kSettled = 1e-08;
 constexpr int kMostPasses = 4;
 
@@ -51,9 +49,9 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
   const double phi = Lat1 / kDegreesPerRadian;
   const double lambda = Long1 / kDegreesPerRadian;
   const double nu = Nu(from, Sine(phi));
-  const double x = (nu + kHeight) * Cosine(phi) * Cosine(lambda);
-  const double y = (nu + kHeight) * Cosine(phi) * Sine(lambda);
-  const double z = ((1 - from.eSquared) * nu + kHeight) * Sine(phi);
+  const double x = nu * Cosine(phi) * Cosine(lambda);
+  const double y = nu * Cosine(phi) * Sine(lambda);
+  const double z = (1 - from.eSquared) * nu * Sine(phi);
 
   const double x2 = h.tx + (1 + h.s) * x - h.rz * y + h.ry * z;
   const double y2 = h.ty + h.rz * x + (1 + h.s) * y - h.rx * z;

@@ -14,6 +14,6 @@ void AiryToWGS84(double Lat1, double Long1, double& Lat2, double& Long2);
 
 // In   Lat1, Long1  degrees on WGS84, any finite numbers
 // Out  Lat2, Long2  degrees on OSGB36. The parameters are those of AiryToWGS84 with the sign
-//                   reversed, which is not the exact inverse: there and back differs by about
-//                   5e-8 degrees.
+//                   reversed, which is not the exact inverse: a conversion there and back moves a
+//                   place by about 5e-8 degrees.
 void WGS84ToAiry(double Lat1, double Long1, double& Lat2, double& Long2);

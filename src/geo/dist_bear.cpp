@@ -1,5 +1,6 @@
 #include "geo/dist_bear.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "geo/angles.h"
@@ -8,14 +9,9 @@
 
 namespace {
 
-constexpr double kPi = 3.141592653589;  // the pi that kDegreesPerRadian is made of
-constexpr double kShareOfCell = 0.7;    // of its cell, that a position may be off
+constexpr double kPi = 3.141592653589;  // kDegreesPerRadian is 180 / kPi
+constexpr double kShareOfCell = 0.7;    // a position may be off by this part of its cell
 constexpr double kOneMetre = 0.001;     // km
-
-// Brings a cosine that rounding pushed beyond -1 or 1 back to it.
-double ClampedCosine(double cosine) {
-  return std::fabs(cosine) > 1 ? SignOf(cosine) : cosine;
-}
 
 }  // namespace
 
@@ -42,8 +38,9 @@ DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, d
   if (result.distance < kOneMetre) return result;
   const double sinArc = Sine(arc);
   const double cosArc = Cosine(arc);
-  const double b1 = ClampedCosine((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat));
-  const double b2 = ClampedCosine((home.sinLat - cosArc * sinLat) / (sinArc * cosLat));
+  // Rounding can push a cosine beyond -1 or 1.
+  const double b1 = std::clamp((sinLat - cosArc * home.sinLat) / (sinArc * home.cosLat), -1.0, 1.0);
+  const double b2 = std::clamp((home.sinLat - cosArc * sinLat) / (sinArc * cosLat), -1.0, 1.0);
   result.bearing = ACS(b1) * kDegreesPerRadian;
   result.backbearing = ACS(b2) * kDegreesPerRadian;
   if (lon < home.lon) result.bearing = 360 - result.bearing;

@@ -9,7 +9,8 @@ inline constexpr double kEarthRadius = 6371.29;  // km
 // of 12 decimals (geo/angles.h), so it differs from std::acos in the last digits.
 double ACS(double x);
 
-// A home station, degrees, with the sine and the cosine of its latitude.
+// A home station, degrees, with the sine and the cosine of its latitude, which a listing needs for
+// every record.
 struct HomeStation {
   double lat = 0, lon = 0;
   double sinLat = 0, cosLat = 1;
@@ -27,12 +28,12 @@ struct DistanceAndBearings {
 // - Below one metre both bearings are 0.
 // - At exact antipodes rounding decides: four of five pairs count as the same place (all results
 //   are 0), the others have the distance 20,015.998 km.
-// - Only the longitudes as numbers decide between east and west, so a path across the 180th
+// - East or west is decided by comparing the longitudes as numbers, so a path across the 180th
 //   meridian gets the mirrored bearings.
 DistanceAndBearings DistanceAndBearingsOf(const HomeStation& home, double lat, double lon);
 
-// Computes the same for the current place, and the uncertainty: either end may be off by 0.7 of the
-// size of its cell. Below one metre both uncertainties are 0.
+// Computes distance and bearings of the current place, and their uncertainty: each of the two
+// places may be off by 0.7 of the size of its cell. Below one metre both uncertainties are 0.
 // Reads   Lat, Lon, BaseLat, BaseLong (degrees); Resolution, Baseresolution (km)
 // Writes  Dist, DistUncert (km); Bearing, Backbearing, BearUncert (degrees)
 void DistBear(Workspace& w);

@@ -9,24 +9,22 @@
 
 namespace {
 
-// Index of a letter in the grid alphabet, from 0.
+// Convert between a letter and its index, from 0, in the grid alphabet, which has no I.
 int LetterIndex(char letter) {
   const int index = static_cast<unsigned char>(letter) - 'A';
   return index > 'I' - 'A' ? index - 1 : index;
 }
-
-// The letter with this index in the grid alphabet.
 char LetterAt(int index) {
   return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
-// Size in metres of one unit of the last of so many digits; 0 above 5 digits.
+// Size in metres of one unit of the last digit, by the number of digits; 0 above 5 digits.
 int UnitOf(std::size_t digits) {
   static constexpr int kUnits[] = {100000, 10000, 1000, 100, 10, 1};
   return digits < 6 ? kUnits[digits] : 0;
 }
 
-// Half of a number, rounded to the even one between two.
+// Half of a number; a tie is rounded to the even integer.
 std::size_t HalfOf(std::size_t number) {
   return number % 4 == 3 ? number / 2 + 1 : number / 2;
 }
@@ -37,9 +35,9 @@ struct AxisReference {
   int units;   // from the edge of the square
 };
 
-// Rounds a coordinate, m, to the digits of a reference, a tie to the even one. A remainder that
-// rounds up to a whole square carries into the next square: 499,600 m in units of 1 km is 00 in the
-// square after.
+// Rounds a coordinate, m, to the digits of a reference; a tie goes to the even digit. A remainder
+// that rounds up to a whole square carries into the next square: 499,600 m in units of 1 km is 00
+// in the next square.
 AxisReference RoundToReference(double coordinate, const GridPrecision& precision) {
   const int square = RoundToInt32(coordinate) / static_cast<int>(kSquareSide);
   const int units = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
@@ -47,7 +45,7 @@ AxisReference RoundToReference(double coordinate, const GridPrecision& precision
   return {square + 1, units - precision.unitsPerSquare};
 }
 
-// Overwrites `count` characters with a number that has at most so many digits.
+// Overwrites `count` characters with a number of at most `count` digits, padded with zeros.
 void WriteDigits(char* to, int count, int number) {
   for (int i = count; i-- > 0; number /= 10) to[i] = static_cast<char>('0' + number % 10);
 }

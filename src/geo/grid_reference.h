@@ -15,7 +15,7 @@ inline constexpr double kSquareSide = 100000;  // m
 
 // The south-west corner of a square.
 // In   firstLetter, secondLetter  A to Z. The grid alphabet has no I; an I counts as J.
-// Out  easting, northing          m; letters off the grid return a corner off the grid
+// Out  easting, northing          m; off the grid for letters off the grid
 void SquareCorner(char firstLetter, char secondLetter, int& easting, int& northing);
 
 // Returns the two letters of a square. Column and row count from 0 at the south-west square SV.
@@ -34,7 +34,7 @@ GridPrecision PrecisionFor(double resolution);
 
 // Reads a grid reference: the south-west corner of the cell that it names.
 // In   ngr                upper case, no blanks: two letters, four digits, and anything after them.
-//                         Each half of the digits is read by TextToNumber, so nothing is refused.
+//                         Each half of the digits is read by TextToNumber, so no text is rejected.
 //                         With 7 digits the easting takes 4 and the northing 3, in the same unit;
 //                         with 5 or 9 the last digit is not read.
 // Out  easting, northing  m, finite; off the grid for letters off the grid
@@ -49,8 +49,8 @@ void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& 
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon);
 
 // Returns the reference of a position on the grid, m, with the digits of PrecisionFor(resolution,
-// in km), such as "TQ3198 7961". The digits are rounded, a tie to the even one; a rounding up to
-// the edge of a square carries into the next square.
+// in km), such as "TQ3198 7961". The digits are rounded; a tie goes to the even digit. A
+// coordinate that rounds up to the edge of a square carries into the next square.
 std::string GridReferenceOf(double easting, double northing, double resolution);
 
 // Writes the grid reference of a place by GridReferenceOf.

@@ -4,8 +4,8 @@
 #include "workspace/record/workspace.h"
 
 // Writes LLText from Lat and Lon (degrees) in the layout of LLFormat: 0 decimal degrees, 1 degrees
-// and decimal minutes, 2 degrees, minutes and decimal seconds. Nothing carries: minutes or seconds
-// that round up to 60 show as 60.
+// and decimal minutes, 2 degrees, minutes and decimal seconds. Rounding does not carry: minutes or
+// seconds that round up to 60 show as 60.
 void ShowLatLong(Workspace& w);
 
 // Click on LLfmt: changes LLFormat from 0 to 1, 1 to 2, 2 to 0 and writes LLText again.

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Converts to upper case, and replaces marks by blanks and each run of blanks by one.
+// Converts to upper case, and replaces marks and commas by blanks and each run of blanks by one.
 void Normalise(std::string& a) {
   const auto isMark = [](char c) { return c == '"' || c == ',' || c == '\'' || c == '\xB0'; };
   std::replace_if(a.begin(), a.end(), isMark, ' ');
@@ -31,8 +31,8 @@ Hemisphere FindHemisphere(const std::string& a, const char* positive, const char
   return {FindIn(1, a, negative), -1};
 }
 
-// Degrees of one axis from up to three fields, such as " 1 15 30". The sign of a single field is
-// dropped; before further fields the degrees keep theirs.
+// Degrees of one axis from up to three fields, such as " 1 15 30". A single field loses its
+// sign; degrees followed by further fields keep their sign.
 double DegreesOf(const std::string& text) {
   const int firstBlank = FindIn(2, text, " ");
   if (firstBlank == 0) return std::fabs(TextToNumber(text));

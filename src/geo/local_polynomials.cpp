@@ -16,7 +16,7 @@ Polynomials ChebyshevAt(double t) {
   return values;
 }
 
-// From a place on a side of the rectangle to -1 to 1, and back.
+// Map a coordinate on a side of the rectangle to the interval from -1 to 1, and back.
 double ToUnit(double start, double length, double at) {
   return (at - start) * (2 / length) - 1;
 }
@@ -29,6 +29,7 @@ double ExtremumAt(std::size_t i, std::size_t degree) {
   return Cosine(std::numbers::pi * static_cast<double>(i) / static_cast<double>(degree));
 }
 
+// Adds to all coefficients the terms of one Padua point at (u, v), each from -1 to 1.
 void AddPoint(LocalPolynomials& polynomials, const FunctionValues& values, double weight, double u,
               double v) {
   const Polynomials inX = ChebyshevAt(u);

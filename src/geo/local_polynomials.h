@@ -1,6 +1,6 @@
-// Smooth functions over a rectangle as polynomials, for work on many places that lie close
-// together: the polynomials take as long to make as 15 calls of the functions, and then a small
-// part of one call for each place.
+// Approximates smooth functions over a rectangle by polynomials, for work on many places that lie
+// close together. Making the polynomials takes as long as 15 calls of the functions; evaluating
+// them at a place takes a small part of one call.
 //
 // Interpolation at the Padua points in Chebyshev polynomials; source: M. Caliari, S. De Marchi,
 // M. Vianello, "Bivariate Lagrange interpolation at the Padua points: computational aspects",
@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <functional>
 
-// Of the polynomials, in x and y together.
+// The total degree of the polynomials in x and y.
 inline constexpr std::size_t kPolynomialDegree = 4;
 
 // The values of all functions at one place; an even number of them fills vector registers.
@@ -25,13 +25,13 @@ struct Rectangle {
 
 struct LocalPolynomials {
   Rectangle over;
-  // Of the products of Chebyshev polynomials, by the degree in x and then in y.
+  // The factors of the products of Chebyshev polynomials, by the degree in x and then in y.
   std::array<FunctionValues, (kPolynomialDegree + 1) * (kPolynomialDegree + 2) / 2> coefficients{};
 };
 
-// The polynomials that agree with the functions at the Padua points of a rectangle. How close they
-// are elsewhere depends on the functions; the caller must know it.
+// Returns the polynomials that agree with the functions at the Padua points of a rectangle. Their
+// error elsewhere depends on the functions; the caller must know a bound on the error.
 LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions);
 
-// The values at a place in the rectangle.
+// Returns the values of the polynomials at a place in the rectangle.
 FunctionValues ValuesAt(const LocalPolynomials& polynomials, double x, double y);

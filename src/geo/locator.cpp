@@ -13,12 +13,12 @@ namespace {
 
 constexpr double kKmPerDegree = 111.2;
 
-// Half of a finest square, which is 1/2880 by 1/5760 of a degree: moves a decoded place from the
-// edge of the cell into it.
+// Half of a finest square, which is 1/2880 by 1/5760 of a degree: added to move a decoded place
+// from the corner of its cell to the centre.
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-// The number of the character at a position that counts from 1.
+// The value, from 0, of the letter or digit at a position, which counts from 1.
 int LetterAt(std::string_view lc, std::size_t position) {
   return static_cast<unsigned char>(lc[position - 1]) - 'A';
 }
@@ -26,29 +26,27 @@ int DigitAt(std::string_view lc, std::size_t position) {
   return static_cast<unsigned char>(lc[position - 1]) - '0';
 }
 
-constexpr double kCells = 5760;  // the smallest ones, in a unit of an axis
+// Finest squares in one unit of an axis; a unit is 1 degree of latitude or 2 of longitude.
+constexpr double kCells = 5760;
 
-// Writes the characters of one axis as WriteAxis does. The order of the steps decides on which side
-// a place on the edge of a cell falls.
+// Writes the characters of one axis as WriteAxis does. The order of the arithmetic decides to which
+// cell a place on an edge belongs.
 void WriteAxisByStep(double axis, char* at) {
   const int field = FloorToInt16(axis / 10);
-  const double inField = axis - 10 * field;
-  const int square = FloorToInt16(inField);
-  const double inSquare = inField - square;
-  const int subsquare = FloorToInt16(inSquare * 24);
-  const double inSubsquare = inSquare - subsquare / 24.0;
-  const int extended = FloorToInt16(inSubsquare * 240);
-  const double inExtended = inSubsquare - extended / 240.0;
-  const int finest = FloorToInt16(inExtended * kCells);
-  at[0] = CharOf('A' + field);
-  at[2] = CharOf('0' + square);
-  at[4] = CharOf('A' + subsquare);
-  at[6] = CharOf('0' + extended);
-  at[8] = CharOf('A' + finest);
+  double rest = axis - 10 * field;
+  char first = 'A';
+  *at = CharOf(first + field);
+  for (const double cellsPerUnit : {1.0, 24.0, 240.0, kCells}) {
+    const int number = FloorToInt16(rest * cellsPerUnit);
+    rest -= number / cellsPerUnit;
+    first = first == 'A' ? '0' : 'A';
+    *(at += 2) = CharOf(first + number);
+  }
 }
 
-// Writes the five characters of one axis of 18 fields of 10 units, every other one from `at` on.
-// The number of the smallest cell is enough for them where rounding cannot lead to another cell.
+// Writes the five characters of one axis, which has 18 fields of 10 units, to at[0], at[2] ...
+// at[8]. Divides the number of the finest square, unless the place is so close to the edge of a
+// square that rounding could decide.
 void WriteAxis(double axis, char* at) {
   constexpr double kMargin = 1e-6;
   const double cells = axis * kCells;
@@ -66,27 +64,18 @@ void WriteAxis(double axis, char* at) {
 }  // namespace
 
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
-  double extendedLon = 4;
-  double extendedLat = 4;
-  double finestLon = 'M' - 'A';
-  double finestLat = 'M' - 'A';
+  char padded[] = "______44MM";
+  lc.copy(padded, 10);
+  const std::string_view all(padded, 10);
   Resolution = 278.0 / 60;
-  if (lc.size() >= 8) {
-    extendedLon = DigitAt(lc, 7);
-    extendedLat = DigitAt(lc, 8);
-    Resolution = 27.8 / 60;
-  }
-  if (lc.size() >= 10) {
-    finestLon = LetterAt(lc, 9);
-    finestLat = LetterAt(lc, 10);
-    Resolution = (0.25 / 24 * kKmPerDegree) / 60;
-  }
-  const int wholeLon = (LetterAt(lc, 1) - 9) * 20 + 2 * DigitAt(lc, 3);
-  const int wholeLat = (LetterAt(lc, 2) - 9) * 10 + DigitAt(lc, 4);
-  Lon = wholeLon + (5.0 * LetterAt(lc, 5)) / 60 + (0.5 * extendedLon) / 60 + finestLon / 2880 +
-        kHalfCellLon;
-  Lat = wholeLat + (2.5 * LetterAt(lc, 6)) / 60 + (0.25 * extendedLat) / 60 + finestLat / 5760 +
-        kHalfCellLat;
+  if (lc.size() >= 8) Resolution = 27.8 / 60;
+  if (lc.size() >= 10) Resolution = (0.25 / 24 * kKmPerDegree) / 60;
+  const int wholeLon = (LetterAt(all, 1) - 9) * 20 + 2 * DigitAt(all, 3);
+  const int wholeLat = (LetterAt(all, 2) - 9) * 10 + DigitAt(all, 4);
+  Lon = wholeLon + (5.0 * LetterAt(all, 5)) / 60 + (0.5 * DigitAt(all, 7)) / 60 +
+        LetterAt(all, 9) / 2880.0 + kHalfCellLon;
+  Lat = wholeLat + (2.5 * LetterAt(all, 6)) / 60 + (0.25 * DigitAt(all, 8)) / 60 +
+        LetterAt(all, 10) / 5760.0 + kHalfCellLat;
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {

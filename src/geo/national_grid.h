@@ -1,8 +1,10 @@
-// Eastings and northings on the National Grid of Great Britain, and where the grid ends.
+// Eastings and northings on the National Grid of Great Britain, by the Transverse Mercator
+// projection, and where the grid ends. Source: Ordnance Survey, "A guide to coordinate systems in
+// Great Britain", annexes A and C.
 #pragma once
 
 // In   Lat, Lon           degrees on WGS84
-// Out  easting, northing  m; far from Great Britain they mean nothing
+// Out  easting, northing  m; meaningless far from Great Britain
 void WGS84ToGrid(double Lat, double Lon, double& easting, double& northing);
 
 // In   easting, northing  m, finite
@@ -13,7 +15,9 @@ void GridToWGS84(double easting, double northing, double& Lat, double& Lon);
 // grid reference.
 bool IsInGridBox(double Lat, double Lon);
 
-// Whether an easting and a northing, m, are above 0 and not above these limits.
+// The limits of the grid, m.
 inline constexpr double kEastEdge = 700000;
 inline constexpr double kNorthEdge = 1400000;
+
+// Whether an easting and a northing, m, are above 0 and not above these limits.
 bool IsOnGrid(double easting, double northing);

@@ -7,7 +7,7 @@ namespace {
 // Below this the first term of the series is the whole result.
 constexpr double kTiny = 0x1p-27;
 
-// An unevaluated sum, for what a double alone would cut off.
+// An unevaluated sum of two doubles, with about twice the precision of one.
 struct Sum {
   double high, low;
 };
@@ -29,7 +29,7 @@ Reduced ReduceCodyWaite(double angle) {
   const double first = angle - quarters * kPieces[0];
   const double second = quarters * kPieces[1];
   const double rest = first - second;
-  // What the subtraction rounded off, whichever of the two was the larger.
+  // The rounding error of the subtraction, whichever operand is the larger (Knuth's TwoSum).
   const double taken = first - rest;
   const double cut = (first - (rest + taken)) + (taken - second);
   const double last = cut - quarters * kPieces[2];
@@ -42,11 +42,12 @@ Reduced Reduce(double angle) {
   if (std::fabs(angle) <= 0.785) return {0, {angle, 0}};
   if (std::fabs(angle) < 0x1p20) return ReduceCodyWaite(angle);
   if (!std::isfinite(angle)) return {0, {angle - angle, 0}};
-  // Not the angle's own sine any more, but one that every system agrees on: fmod never rounds.
+  // The result drifts from the exact sine but is the same on every system, because fmod is exact.
   return ReduceCodyWaite(std::fmod(angle, kFullTurn));
 }
 
-// The sum of c[i] z^i, in pairs, since a sum from one end to the other waits for each step.
+// The sum of c[i] z^i, added in pairs (Estrin's scheme): in Horner's scheme each step waits for the
+// last one.
 double Series(const double (&c)[8], double z) {
   const double z2 = z * z;
   const double z4 = z2 * z2;
@@ -54,7 +55,7 @@ double Series(const double (&c)[8], double z) {
          ((c[4] + c[5] * z) + (c[6] + c[7] * z) * z2) * z4;
 }
 
-// Taylor's series of an angle of an eighth of a turn at most.
+// Taylor series, for angles up to an eighth of a turn.
 double SineSeries(Sum angle) {
   static constexpr double kOfSine[] = {
       -1 / 6.0,        1 / 120.0,        -1 / 5040.0,          1 / 362880.0,
@@ -75,7 +76,7 @@ double CosineSeries(Sum angle) {
   return start + (((1 - start) - half) + (z * z * Series(kOfCosine, z) - x * angle.low));
 }
 
-// What the arctangent of an eighth at most lacks to its argument.
+// atan(x) - x for |x| <= 1/8.
 double ArctangentSeries(double x) {
   static constexpr double kOfArctangent[] = {-1 / 3.0,  1 / 5.0,  -1 / 7.0,  1 / 9.0,
                                              -1 / 11.0, 1 / 13.0, -1 / 15.0, 1 / 17.0};
@@ -83,24 +84,26 @@ double ArctangentSeries(double x) {
   return x * z * Series(kOfArctangent, z);
 }
 
+// The sine of an angle of at most an eighth of a turn, plus a number of quarter turns.
+double SineFrom(unsigned quarters, Sum angle) {
+  const double size = quarters % 2 == 0 ? SineSeries(angle) : CosineSeries(angle);
+  return quarters % 4 < 2 ? size : -size;
+}
+
 }  // namespace
 
 double Sine(double angle) {
   if (std::fabs(angle) < kTiny) return angle;
   const Reduced reduced = Reduce(angle);
-  const double size =
-      reduced.quarters % 2 == 0 ? SineSeries(reduced.angle) : CosineSeries(reduced.angle);
-  return reduced.quarters % 4 < 2 ? size : -size;
+  return SineFrom(reduced.quarters, reduced.angle);
 }
 
 double Cosine(double angle) {
   const Reduced reduced = Reduce(angle);
-  const double size =
-      reduced.quarters % 2 == 0 ? CosineSeries(reduced.angle) : SineSeries(reduced.angle);
-  return (reduced.quarters + 1) % 4 < 2 ? size : -size;
+  return SineFrom(reduced.quarters + 1, reduced.angle);
 }
 
-// The nearest eighth is taken off by the theorem of addition.
+// Uses atan(x) = atan(e) + atan((x - e) / (1 + x e)), where e is the multiple of 1/8 closest to x.
 double Arctangent(double ratio) {
   static constexpr Sum kOfEighths[] = {
       {0, 0},

@@ -1,11 +1,11 @@
-// Sine, cosine and arctangent, angles in radians. The C libraries of two systems differ in the last
-// digits of theirs. These use additions, multiplications and divisions alone, which IEEE 754
-// defines to the last bit, so that all systems show, store and list the same digits.
+// Sine, cosine and arctangent; angles are in radians. The C libraries of two systems return
+// different last digits. These procedures use only operations whose results are defined to the last
+// bit (IEEE 754 arithmetic and fmod), so all systems show, store and list the same digits.
 //
-// Errors: sine and cosine of angles below 2^20 radians less than one unit in the last place,
-// arctangent less than one and a half. From 2^20 radians on, the angle is first reduced by the
-// double next to a full turn: the result is finite and the same on every system, but drifts from
-// the exact sine (by 4e-11 at first). No place has such an angle. Sine and cosine of an infinity
+// Errors: sine and cosine of angles below 2^20 radians are off by less than one unit in the last
+// place, arctangent by less than one and a half. Angles from 2^20 radians on, which no place has,
+// are first reduced by the double closest to a full turn: the result is finite and the same on
+// every system, but drifts from the exact sine (by 4e-11 at first). Sine and cosine of an infinity
 // are NaN.
 #pragma once
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kLongestBuffer = 32767;
 
-constexpr int kSentenceLength = 68;  // from RMC on; the fields in use end well before
+constexpr int kSentenceLength = 68;  // from "RMC" on; the fields that are read end well before that
 constexpr int kShortestText = 45;
 
 // The fields of a sentence as texts.
@@ -21,8 +21,8 @@ struct RmcFields {
   std::string longitude;  // 011 31.000E
 };
 
-// Reads the fields of a sentence that begins with its RMC. Behind its last comma the search starts
-// over at its first one, so a cut sentence ends in repeated fields.
+// Reads the fields of a sentence that begins with "RMC". After the last comma FindIn returns 0, so
+// the search restarts at the beginning, and a truncated sentence repeats its first fields.
 RmcFields ParseRmc(const std::string& sentence) {
   RmcFields fields;
   std::string field;

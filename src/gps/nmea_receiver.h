@@ -15,11 +15,11 @@
 namespace SetUpCom {
 
 // Handles an event of the serial control. Appends Input to RxBuffer, which keeps the newest 32,767
-// characters. If RxBuffer then contains a carriage return, empties it, takes the first RMC in it
-// and writes
+// characters. If RxBuffer then contains a carriage return, empties it, writes the position and time
+// of the first RMC that was in it, such as
 //   48 07.038N 011 31.000E          [ 12:35:19 UTC ]
-// into InputText and runs Use This, as if the user had typed that. Ignores text without RMC, and
-// an RMC with fewer than 45 characters from its "RMC" to the end of the text.
+// into InputText and runs Use This, as if the user had typed that text. Ignores text without RMC,
+// and an RMC with fewer than 45 characters from its "RMC" to the end of the text.
 void MSComm1_OnComm(Workspace& w);
 
 }  // namespace SetUpCom

@@ -1,6 +1,9 @@
 #include "gps/port_setup.h"
 
-#include "platform/serial_settings.h"
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
 #include "workspace/values/strings.h"
@@ -9,44 +12,37 @@ namespace SetUpCom {
 
 namespace {
 
-constexpr int kInBufferSize = 128;  // characters
-constexpr int kThreshold = 64;      // characters
+constexpr int kHighestPort = 32;
 
-// The number in an entry such as COM12: what follows its first three characters.
-std::int16_t PortNumber(const std::string& entry) {
-  return RoundToInt16(TextToNumber(MidOf(entry, 4)));
-}
-
-// Opens the port and speed that the window shows; false if any step fails.
-bool OpenPort(SerialControl& serial, const SetUpWindow& window) {
-  if (!serial.SetCommPort(PortNumber(window.CPort.text))) return false;
-  serial.SetInBufferSize(kInBufferSize);
-  if (!serial.SetSettings(window.Baud.text + ",n,8,1")) return false;
-  serial.SetRThreshold(kThreshold);
-  return serial.Open();
+// Returns the speed in baud: `text` is digits with or without blanks around them. 0 for other
+// texts.
+int SpeedOf(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  text.remove_suffix(text.size() - (text.find_last_not_of(' ') + 1));
+  int speed = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, speed);
+  return error == std::errc() && stop == end ? std::max(speed, 0) : 0;
 }
 
 }  // namespace
 
-void Load(Workspace& w) {
+void Form_Load(Workspace& w) {
   if (w.SetUpCom.loaded) return;
   w.SetUpCom.loaded = true;
-  Form_Load(w);
-}
-
-void Form_Load(Workspace& w) {
   SerialControl& serial = w.platform.Serial();
   ComboBox& ports = w.SetUpCom.CPort;
   for (int number = 1; number <= kHighestPort; ++number) {
-    if (serial.SetCommPort(static_cast<std::int16_t>(number)) && serial.Open())
-      ports.items.push_back("COM" + FormatPicture(number, "##"));
+    if (serial.Open(number, 9600)) ports.items.push_back("COM" + FormatPicture(number, "##"));
     serial.Close();
   }
   ports.text = ports.items.empty() ? "" : ports.items.front();
 }
 
 void Command1_Click(Workspace& w) {
-  if (!OpenPort(w.platform.Serial(), w.SetUpCom)) {
+  const int port = RoundToInt16(TextToNumber(MidOf(w.SetUpCom.CPort.text, 4)));
+  const int speed = SpeedOf(w.SetUpCom.Baud.text);
+  if (speed == 0 || !w.platform.Serial().Open(port, speed)) {
     w.SetUpCom.Text1.text = "COM PORT FAIL";
     return;
   }

@@ -5,26 +5,21 @@
 namespace {
 
 void ClosePort(Workspace& w) {
-  SerialControl& serial = w.platform.Serial();
-  if (serial.IsOpen()) serial.Close();
+  w.platform.Serial().Close();
   w.FollowsReceiver = false;
-}
-
-// A device that goes away closes its port and changes nothing else.
-bool HasLostDevice(Workspace& w) {
-  return w.FollowsReceiver && !w.platform.Serial().IsOpen();
 }
 
 }  // namespace
 
 void UseNMEA_Click(Workspace& w) {
-  if (w.RealTime == kTrue && !HasLostDevice(w)) {
+  const bool hasLostDevice = w.FollowsReceiver && !w.platform.Serial().IsOpen();
+  if (w.RealTime == kTrue && !hasLostDevice) {
     w.RealTime = kFalse;
     ClosePort(w);
     w.Tarnwick.UseNMEA.caption = kResumeCaption;
     return;
   }
-  SetUpCom::Load(w);
+  SetUpCom::Form_Load(w);
   w.SetUpCom.visible = true;
   w.platform.SetFocus(WindowName::SetUpCom);
   w.RealTime = kTrue;

@@ -10,8 +10,9 @@
 
 #include "workspace/record/workspace.h"
 
-// Setting up or running: closes the port and pauses. Off, paused, or running with a device that has
-// gone away: shows the set-up window beside the main window, where opening a port starts the mode.
+// Setting up or running: closes the port and pauses. Off, paused, or running with a device that was
+// disconnected: shows the set-up window beside the main window. Opening a port there starts the
+// mode.
 void UseNMEA_Click(Workspace& w);
 
 // Closes an open port and switches the mode off. A visible set-up window stays visible.

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <bit>
 #include <iterator>
 
 namespace {
 
-// What the codes 0x80 to 0x9F stand for; all others stand for the same number.
+// Unicode code points of the codes 0x80 to 0x9F. Every other code equals its code point.
 constexpr std::array<char16_t, 32> kUpperControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// Characters that people paste into coordinates, and the ASCII character each is read as.
+// Characters that people paste into coordinates, and the single-byte character that replaces each.
 constexpr struct {
   char32_t character;
   char ascii;
@@ -37,18 +37,15 @@ void AppendUtf8(std::string& text, char16_t code) {
   }
 }
 
-// Takes one character off the front; 0xFFFD for a piece that is no UTF-8.
+// Removes the first character from `rest` and returns it; returns 0xFFFD for invalid UTF-8.
 char32_t TakeCharacter(std::string_view& rest) {
   const auto lead = static_cast<unsigned char>(rest.front());
-  const std::size_t following = lead < 0x80                   ? 0
-                                : lead >= 0xC2 && lead < 0xE0 ? 1
-                                : lead >= 0xE0 && lead < 0xF0 ? 2
-                                : lead >= 0xF0 && lead < 0xF5 ? 3
-                                                              : 4;
   rest.remove_prefix(1);
-  if (following == 4) return 0xFFFD;
-  char32_t character = following == 0 ? lead : lead & (0x3FU >> following);
-  for (std::size_t i = 0; i < following; ++i) {
+  if (lead < 0x80) return lead;
+  if (lead < 0xC2 || lead > 0xF4) return 0xFFFD;
+  const int length = std::countl_one(lead);
+  char32_t character = lead & (0x7FU >> length);
+  for (int i = 1; i < length; ++i) {
     if (rest.empty() || (static_cast<unsigned char>(rest.front()) & 0xC0) != 0x80) return 0xFFFD;
     character = character << 6 | (static_cast<unsigned char>(rest.front()) & 0x3F);
     rest.remove_prefix(1);

@@ -7,23 +7,16 @@
 #include <string>
 #include <string_view>
 
-// Converts between a path of the system and single-byte text.
+// Converts single-byte text to a path of the system.
 std::filesystem::path SystemPath(std::string_view path);
-std::string TextOf(const std::filesystem::path& path);
 
-// Whether a path begins with a drive letter and a colon.
-bool HasDrive(std::string_view path);
-
-// The file or folder that a path names. A path without a drive letter is a path of the system, used
-// as it is. A part that does not exist, such as the name of a file to be created, is used as
-// written.
+// Returns the file or folder that a path names. A path without a drive letter is a path of the
+// system and is only converted. A part that does not exist, such as the name of a file to be
+// created, keeps its case.
 // In  driveC  the folder that represents drive c:; drive_d and so on are beside it
 //     path    single-byte text, parts separated by \ or /
 std::filesystem::path NativePath(const std::filesystem::path& driveC, const std::string& path);
 
-// Whether a name matches a pattern in which * matches any characters and ? one. The case of letters
-// makes no difference.
-bool MatchesPattern(std::string_view name, std::string_view pattern);
-
-// Whether a regular file matches a path whose last part may contain * and ?.
-bool FileMatches(const std::filesystem::path& driveC, const std::string& pattern);
+// Whether a folder contains a regular file whose name ends in `ending`. The case of letters makes
+// no difference.
+bool ContainsFile(const std::filesystem::path& folder, std::string_view ending);

@@ -9,25 +9,19 @@ namespace {
 using Kind = DrawOperation::Kind;
 
 constexpr Rgb kBackground{250, 250, 180};
-constexpr Rgb kNeedle = kBlack;
-constexpr Rgb kCircle = kRed;
 
 }  // namespace
-
-void Cls(PictureBox& picture) {
-  picture.operations.clear();
-}
 
 void Draw(Workspace& w) {
   PictureBox& c = w.BearingCalc.C;
   c.back = kBackground;
-  Cls(c);
+  c.operations.clear();
   const double angle = (90 - w.Bearing) / kDegreesPerRadian;
   c.operations.push_back({.kind = Kind::Line,
                           .x2 = ToSingle(Cosine(angle)),
                           .y2 = ToSingle(-Sine(angle)),
-                          .colour = kNeedle});
-  c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kCircle});
+                          .colour = kBlack});
+  c.operations.push_back({.kind = Kind::Circle, .radius = 0.9F, .colour = kRed});
 
   // Print starts where the last point was set; that point is invisible on the background.
   const struct {

@@ -13,11 +13,6 @@ void OpenOutside(Workspace& w, const std::string& target) {
 
 }  // namespace
 
-void LookForMaps(Workspace& w) {
-  w.MapPath = kMapPath;
-  if (w.platform.FileExists(w.MapPath + "*.jpg")) w.Tarnwick.OSMap.enabled = true;
-}
-
 void Gmap_Click(Workspace& w) {
   const std::string position =
       FormatPicture(w.Lat, "###.######") + "," + FormatPicture(w.Lon, "####.######") + ",14z";

@@ -1,14 +1,10 @@
-// Shows the current place in programs outside: the web map in a browser, the map image in a viewer.
+// Shows the current place in other programs: the web map in a browser, the map image in a viewer.
 #pragma once
 
 #include "workspace/record/workspace.h"
 
 // The web map service. "/maps/@LATITUDE,LONGITUDE,ZOOMz" after it shows a place.
 inline constexpr const char* kMapService = "https://www.google.com";
-
-// Start-up: sets MapPath to the folder of the map images and enables OSMap if it contains one. A
-// folder that appears later is noticed at the next start.
-void LookForMaps(Workspace& w);
 
 // Click on Gmap: opens the web map at Lat and Lon (degrees, six decimals), zoom 14.
 void Gmap_Click(Workspace& w);

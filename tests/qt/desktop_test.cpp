@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "platform/desktop/clean_path.h"
 #include "platform/desktop/files.h"
 #include "platform/desktop/termination.h"
 #include "platform/qt/application.h"
@@ -67,7 +66,7 @@ TEST_F(DesktopTest, ReadsInstalledFilesAndWritesTheUsers) {
   EXPECT_EQ(desktop.OpenToRead(sites), nullptr);
   Write("two/tarnwick/drive_c/geog/sites.DAT", "installed");
   EXPECT_EQ(PathToRead(sites), In("two/tarnwick/drive_c/geog/sites.DAT"));
-  EXPECT_TRUE(desktop.FileExists("c:\\GEOG\\*.dat"));
+  EXPECT_TRUE(desktop.ContainsFile("c:\\GEOG\\", ".dat"));
   EXPECT_TRUE(desktop.IsSameFile("C:/geog/SITES.dat", sites)) << "no listing replaces it";
   EXPECT_EQ(PathToWrite(sites), In(users + "Sites.dat"));
   auto file = desktop.OpenToWrite(sites);

@@ -73,11 +73,10 @@ TEST(SerialDevices, ThatAreNoneStayClosed) {
   const QTemporaryDir folder;
   SerialPort port;
   port.deviceFolder = folder.path();
-  EXPECT_FALSE(port.SetCommPort(0) || port.SetCommPort(33) || port.SetSettings("fast,n,8,1"));
-  EXPECT_TRUE(port.SetCommPort(1) && port.SetSettings("4800,n,8,1"));
-  EXPECT_FALSE(port.Open()) << "missing";
+  EXPECT_FALSE(port.Open(0, 4800) || port.Open(33, 4800));
+  EXPECT_FALSE(port.Open(1, 4800)) << "missing";
   EXPECT_TRUE(QFile(folder.filePath("ttyS0")).open(QIODevice::WriteOnly));
-  EXPECT_FALSE(port.Open()) << "a file";
+  EXPECT_FALSE(port.Open(1, 4800)) << "a file";
 }
 
 class Serial : public testing::Test {
@@ -88,12 +87,7 @@ class Serial : public testing::Test {
     close(probe);
   }
   Serial() {
-    for (SerialPort* serial : {&port_, &other_}) {
-      serial->deviceFolder = folder_.path();
-      EXPECT_TRUE(serial->SetCommPort(9) && serial->SetSettings("4800,n,8,1"));
-      serial->SetInBufferSize(128);
-      serial->SetRThreshold(64);
-    }
+    for (SerialPort* serial : {&port_, &other_}) serial->deviceFolder = folder_.path();
     port_.onComm = [this] {
       if (!busy_) received_ += port_.Input();
       return !busy_;
@@ -111,7 +105,7 @@ class Serial : public testing::Test {
 
 TEST_F(Serial, DeliversEveryCharacterOfAStream) {
   const Receiver receiver(folder_, "ttyUSB0");
-  ASSERT_TRUE(port_.Open());
+  ASSERT_TRUE(port_.Open(9, 4800));
   std::string stream;
   for (int i = 0; i < 300; ++i) stream += std::to_string(i) + "\r\n";
   stream += std::string(1'000, 'x') + std::string(127, '\r') + "y";
@@ -124,7 +118,7 @@ TEST_F(Serial, DeliversEveryCharacterOfAStream) {
 // Of what arrives while no event is taken the first piece stays, whatever the system still queues.
 TEST_F(Serial, KeepsOnePieceWhileNoEventIsTaken) {
   const Receiver receiver(folder_, "ttyUSB0");
-  ASSERT_TRUE(port_.Open());
+  ASSERT_TRUE(port_.Open(9, 4800));
   busy_ = true;
   receiver.Send(SentenceAt("000001"));
   for (int i = 0; i < 30; ++i) receiver.Send(SentenceAt("000002"));
@@ -148,18 +142,18 @@ TEST_F(Serial, KeepsOnePieceWhileNoEventIsTaken) {
 TEST_F(Serial, ClosesWhenTheDeviceHangsUpAndForgetsWhatWasUnread) {
   for (const std::size_t unread : {0U, 60U, 500U}) {
     auto receiver = std::make_unique<Receiver>(folder_, "ttyUSB0");
-    ASSERT_TRUE(port_.Open());
+    ASSERT_TRUE(port_.Open(9, 4800));
     busy_ = true;
     receiver->Send(std::string(unread, 'a'));
     receiver.reset();
     busy_ = false;
     port_.Recheck();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !port_.IsOpen(); })) << unread;
-    EXPECT_FALSE(port_.Open());
+    EXPECT_FALSE(port_.Open(9, 4800));
     received_.clear();
     const Receiver next(folder_, "ttyUSB0");
     next.Send(std::string(unread, 'b') + '\n');
-    ASSERT_TRUE(port_.Open());
+    ASSERT_TRUE(port_.Open(9, 4800));
     next.Send(SentenceAt("123519"));
     EXPECT_TRUE(Receives(PieceAt("123519"))) << unread;
     port_.Close();
@@ -173,7 +167,7 @@ TEST_F(Serial, LeavesTheWindowsTimeUnderAFlood) {
   QTimer window;
   QObject::connect(&window, &QTimer::timeout, [&turns] { ++turns; });
   window.start(10);
-  ASSERT_TRUE(port_.Open());
+  ASSERT_TRUE(port_.Open(9, 4800));
   const std::string flood(4'096, '\r');
   const std::jthread sender([&](const std::stop_token& end) {
     while (!end.stop_requested()) (void)!write(receiver.terminal, flood.data(), flood.size());
@@ -184,17 +178,17 @@ TEST_F(Serial, LeavesTheWindowsTimeUnderAFlood) {
 
 TEST_F(Serial, OpensAFreeDeviceAtAnySpeed) {
   const Receiver receiver(folder_, "ttyUSB0");
-  for (const char* speed : {"4800", " 19200 ", "115200"}) {
-    EXPECT_TRUE(port_.SetSettings(std::string(speed) + ",n,8,1") && port_.Open()) << speed;
-    EXPECT_FALSE(port_.SetCommPort(10)) << "open";
-    EXPECT_FALSE(other_.Open()) << "in use";
+  for (const int speed : {4800, 19200, 115200}) {
+    EXPECT_TRUE(port_.Open(9, speed)) << speed;
+    EXPECT_FALSE(port_.Open(9, speed)) << "open";
+    EXPECT_FALSE(other_.Open(9, 4800)) << "in use";
     port_.Close();
   }
   const int locked = open(receiver.link.toUtf8(), O_RDWR | O_NOCTTY);
   EXPECT_EQ(flock(locked, LOCK_EX), 0);
-  EXPECT_FALSE(port_.Open()) << "locked";
+  EXPECT_FALSE(port_.Open(9, 4800)) << "locked";
   close(locked);
-  EXPECT_TRUE(port_.Open());
+  EXPECT_TRUE(port_.Open(9, 4800));
 }
 
 // QEMU 7.2 does not support the system calls for speeds without a constant.
@@ -204,7 +198,7 @@ TEST_F(Serial, OpensADeviceAtASpeedWithoutAConstant) {
   unsigned settings[11];
   if (ioctl(receiver.terminal, kGetSettings, settings) != 0 && errno == ENOSYS)
     GTEST_SKIP() << "the emulator supports named speeds alone";
-  EXPECT_TRUE(port_.SetSettings("12345,n,8,1") && port_.Open());
+  EXPECT_TRUE(port_.Open(9, 12345));
 }
 
 // The whole program, from the probe to a place on screen.
@@ -234,7 +228,7 @@ class SerialProgram : public Serial {
   }
   // Another program can open the port.
   bool IsFree(int port) {
-    const bool isFree = other_.SetCommPort(static_cast<std::int16_t>(port)) && other_.Open();
+    const bool isFree = other_.Open(port, 4800);
     other_.Close();
     return isFree;
   }

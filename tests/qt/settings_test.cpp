@@ -26,7 +26,7 @@ struct Session {
     w.BaseLong = lon;
     w.Tarnwick.SaveOnExit.checked = true;
     Form_Unload(w);
-    desktop.settings.Flush();
+    desktop.FlushSettings();
   }
   bool HasHome(double lat, double lon) const {
     return IsTrue(w.BaseSet) && w.BaseLat == lat && w.BaseLong == lon;
@@ -150,10 +150,11 @@ TEST_F(Settings, AStoreThatMayNotBeWrittenKeepsWhatItHad) {
 // Stores numbers, each as a whole home station, until the process is killed or has stored the last.
 // Writes a character to `signalEnd` when the first is stored.
 [[noreturn]] void StoreHomes(int first, int last, const char* alsoUnder, int signalEnd) {
-  SettingsStore store;
+  Desktop store;
   for (int i = first; i <= last; ++i) {
-    for (const char* key : {"Lat", "Long", alsoUnder}) store.Store("Home", key, std::to_string(i));
-    store.Flush();
+    for (const char* key : {"Lat", "Long", alsoUnder})
+      store.StoreSetting("Home", key, std::to_string(i));
+    store.FlushSettings();
     if (i == first && write(signalEnd, "1", 1) != 1) _exit(1);
   }
   _exit(0);

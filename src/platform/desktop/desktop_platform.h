@@ -1,12 +1,17 @@
 // The platform of the running program: settings, files, viewers, the message box, the serial port.
 #pragma once
 
+#include <QSettings>
 #include <functional>
 
 #include "platform/desktop/serial_port.h"
-#include "platform/desktop/settings.h"
 #include "platform/platform.h"
 
+// On Linux the settings are in a file in the user's configuration folder. A save replaces the whole
+// file, so that after a crash it contains either the old or the new values. From a damaged file the
+// program reads the values that are readable. On Windows the settings are in the registry, under
+// HKEY_CURRENT_USER\Software\Tarnwick with a key for each section. A save keeps what another
+// running copy of the program has stored meanwhile.
 struct Desktop : Platform {
   Desktop();
 
@@ -14,23 +19,25 @@ struct Desktop : Platform {
   std::function<void()> showRecord;
   // Brings a window to the front.
   std::function<void(WindowName)> focusWindow;
-  // Handles the failure of a text viewer that had started. Returns whether the program could take
-  // the event; it cannot while a command runs, and Recheck raises the event again.
+  // Handles the failure of a text viewer that had started. Returns whether the program handled the
+  // event; it cannot while a command runs, and Recheck then raises the event again.
   std::function<bool()> onViewerFailure;
 
-  // Has the event loop raise the events that are due. To be called after each command.
+  // Raises the events that are due, on the event loop. Call it after each command.
   void Recheck();
 
-  SettingsStore settings;
+  // Writes the stored settings to the file.
+  void FlushSettings();
+
   SerialPort serial;
 
   std::string ReadSetting(const std::string& section, const std::string& key,
                           const std::string& otherwise) override;
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
-  bool FileExists(const std::string& pattern) override;
-  std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
-  std::unique_ptr<OutputFile> OpenToWrite(const std::string& path) override;
+  bool ContainsFile(const std::string& folder, std::string_view ending) override;
+  std::unique_ptr<File> OpenToRead(const std::string& path) override;
+  std::unique_ptr<File> OpenToWrite(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override;
   bool Shell(const std::string& command, WindowStyle style) override;
@@ -41,5 +48,8 @@ struct Desktop : Platform {
  private:
   void ReportViewerFailure();
 
+  QString SettingName(const std::string& section, const std::string& key) const;
+
+  QSettings settings_;
   bool isViewerFailureDue_ = false;
 };

@@ -1,25 +1,31 @@
-// Finds files by the paths that users write (clean_path.h).
+// Finds files by the paths that users write.
 //
 // On Linux a path with a drive letter, such as c:\geog\Sites.dat, names a file in the user's drive
-// folder, tarnwick/drive_c in the user's data folder. What is missing there is read from the
-// installed drive folder: share/tarnwick/drive_c beside the folder of the program, then in the
-// folders of XDG_DATA_DIRS. On Windows what is missing on drive c: is read from the folder of the
-// program, so c:\geog\Sites.dat from geog\Sites.dat beside tarnwick.exe.
+// folder, tarnwick/drive_c in the user's data folder. If it does not exist there, the program reads
+// it from an installed drive folder: ../share/tarnwick/drive_c from the folder of the program, then
+// tarnwick/drive_c in the folders of XDG_DATA_DIRS. On Windows, if a file does not exist on drive
+// c:, the program reads it from its own folder: geog\Sites.dat beside tarnwick.exe instead of
+// c:\geog\Sites.dat.
 #pragma once
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
-// Creates the folder c:\geog of the user's drive folder, where the database and the listing are by
-// default. Does nothing on Windows; a failure is ignored.
+// Creates the folder c:\geog in the user's drive folder, where the database and the listing are by
+// default. Ignores failures. Does nothing on Windows.
 void CreateUserFolder();
 
-// The file to create or to replace; never an installed one.
+// Returns the path that a user means by a typed or pasted text: removes blanks and a pair of quotes
+// around it, decodes a file:// address, and replaces a leading ~/ by the user's home folder.
+std::string CleanPath(const std::string& path);
+
+// Applies CleanPath and returns the files that the path may name: the user's own, then the
+// installed ones.
+std::vector<std::filesystem::path> PlacesOf(const std::string& path);
+
+// Returns the file to create or to replace; never an installed one.
 std::filesystem::path PathToWrite(const std::string& path);
 
-// The file to read: the user's own if it exists, else the installed one. The user's path if there
-// is neither.
+// Returns the file to read: the first of PlacesOf that exists; the user's own if none does.
 std::filesystem::path PathToRead(const std::string& path);
-
-// Whether a file, not a folder, matches a path whose last part may contain * and ?.
-bool FileExists(const std::string& pattern);

@@ -6,7 +6,7 @@
 
 #include "platform/platform.h"
 
-// Starts the program of a command line of the logic, "Notepad.exe PATH" or
+// Starts the program of a command line from the logic, "Notepad.exe PATH" or
 // "cmd /c  start PATH-OR-ADDRESS", and returns at once. False if it cannot be started.
 // On Linux passes the path or address, as one argument and without a shell, to xdg-open, which
 // starts the desktop's default viewer for it; if xdg-open fails, calls `onFailure` on the event

@@ -2,32 +2,26 @@
 
 #include <chrono>
 
-#include "platform/serial_settings.h"
-
-namespace {
-
-constexpr std::chrono::seconds kPause(3);
-
-}  // namespace
+#include "platform/receive_buffer.h"
 
 SerialPort::SerialPort() {
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] {
-    // What arrived in the last moments of a pause is as old as what was discarded during it.
+    // Characters that are unread at the end of a pause arrived during it; discard them too.
     if (isPaused_) DiscardNewCharacters();
     isPaused_ = false;
     OnData();
   });
 }
 
-// By way of the event loop, so that the windows react between two events of a fast device.
+// Uses the event loop, so that the windows respond between two events of a fast device.
 void SerialPort::Recheck() {
   if (!isPaused_) timer_.start(0);
 }
 
 void SerialPort::PauseEvents() {
   isPaused_ = true;
-  timer_.start(kPause);
+  timer_.start(std::chrono::seconds(3));
 }
 
 void SerialPort::OnData() {
@@ -49,32 +43,11 @@ void SerialPort::DiscardNewCharacters() {
   device_.Discard();
 }
 
-bool SerialPort::SetCommPort(std::int16_t number) {
-  const QString path = DeviceOf(number, deviceFolder);
-  if (IsOpen() || path.isEmpty()) return false;
-  path_ = path;
-  return true;
-}
-
-void SerialPort::SetInBufferSize(int characters) {
-  buffer_.size = static_cast<std::size_t>(characters);
-}
-
-bool SerialPort::SetSettings(const std::string& settings) {
-  const std::optional<int> speed = SpeedOf(settings);
-  speed_ = speed.value_or(speed_);
-  return speed.has_value();
-}
-
-void SerialPort::SetRThreshold(int characters) {
-  buffer_.threshold = static_cast<std::size_t>(characters);
-}
-
-bool SerialPort::Open() {
+bool SerialPort::Open(int port, int speed) {
   if (IsOpen()) return false;
   timer_.stop();
   isPaused_ = false;
-  buffer_.characters.clear();
+  buffer_.clear();
   arrived_.clear();
-  return device_.Open(path_, speed_);
+  return device_.Open(DeviceOf(port, deviceFolder), speed);
 }

@@ -4,46 +4,40 @@
 #include <QTimer>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/desktop/serial_device.h"
 #include "platform/platform.h"
-#include "platform/receive_buffer.h"
 
-// Raises an event on the event loop whenever the receive buffer has one due. While the program does
-// not take the event, the buffer keeps its characters and discards what arrives besides.
+// Raises an event on the event loop whenever the receive buffer has one due. Until the program
+// handles the event, the buffer keeps its characters and the port discards further ones.
 class SerialPort : public QObject, public SerialControl {
  public:
   SerialPort();
 
   QString deviceFolder = kDeviceFolder;
 
-  // Handles an event; returns whether the program could take it. It cannot while another command
-  // runs, for example under a message box; Recheck raises the event again.
+  // Handles an event; returns whether the program handled it. It cannot while another command runs,
+  // such as one that shows a message box; Recheck then raises the event again.
   std::function<bool()> onComm;
-  // Has the event loop check whether an event is due.
+  // Checks on the event loop whether an event is due, and raises it.
   void Recheck();
   // Raises no event for three seconds, so that the user can stop a receiver whose positions show
   // one message box after the other.
   void PauseEvents();
 
-  bool SetCommPort(std::int16_t number) override;
-  void SetInBufferSize(int characters) override;
-  bool SetSettings(const std::string& settings) override;
-  void SetRThreshold(int characters) override;
-  bool Open() override;
+  bool Open(int port, int speed) override;
   void Close() override { device_.Close(); }
   bool IsOpen() const override { return device_.IsOpen(); }
-  std::string Input() override { return TakeCharacters(buffer_); }
+  std::string Input() override { return std::exchange(buffer_, {}); }
 
  private:
   void OnData();
   void DiscardNewCharacters();
 
   SerialDevice device_{[this] { OnData(); }};
-  ReceiveBuffer buffer_;
+  std::string buffer_;   // receive buffer
   std::string arrived_;  // characters read from the device that are not yet in the buffer
   QTimer timer_;         // ends a pause, or starts a check at once
-  QString path_;         // device of the chosen port
-  int speed_ = 9600;     // baud
   bool isPaused_ = false;
 };

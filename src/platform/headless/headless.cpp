@@ -1,30 +1,46 @@
 #include "platform/headless/headless.h"
 
+#include <algorithm>
+
 #include "platform/drive_paths.h"
-#include "platform/serial_settings.h"
+#include "platform/receive_buffer.h"
 #include "platform/stdio_files.h"
 #include "workspace/values/strings.h"
 
 namespace {
 
+struct MemoryFile : File {
+  MemoryFile(MemoryFiles& allFiles, std::string pathOfFile)
+      : files(allFiles), path(std::move(pathOfFile)) {}
+
+  std::optional<std::size_t> Read(char* to, std::size_t size) override {
+    const auto file = files.find(path);
+    if (file == files.end()) return {};
+    const std::size_t start = std::min(position, file->second.size());
+    const std::size_t count = file->second.copy(to, size, start);
+    position += count;
+    return count;
+  }
+  bool Write(std::string_view bytes) override {
+    files[path] += bytes;
+    return true;
+  }
+  bool Close() override { return true; }
+
+  MemoryFiles& files;
+  const std::string path;
+  std::size_t position = 0;
+};
+
 // A file whose calls can be made to fail.
-struct FaultyInput : InputFile {
-  FaultyInput(FaultInjection& faultsOfPlatform, std::unique_ptr<InputFile> opened)
+struct FaultyFile : File {
+  FaultyFile(FaultInjection& faultsOfPlatform, std::unique_ptr<File> opened)
       : faults(faultsOfPlatform), file(std::move(opened)) {}
 
   std::optional<std::size_t> Read(char* to, std::size_t size) override {
     if (faults.Fails("Read")) return {};
     return file->Read(to, size);
   }
-
-  FaultInjection& faults;
-  std::unique_ptr<InputFile> file;
-};
-
-struct FaultyOutput : OutputFile {
-  FaultyOutput(FaultInjection& faultsOfPlatform, std::unique_ptr<OutputFile> opened)
-      : faults(faultsOfPlatform), file(std::move(opened)) {}
-
   bool Write(std::string_view bytes) override {
     return !faults.Fails("Write") && file->Write(bytes);
   }
@@ -34,31 +50,20 @@ struct FaultyOutput : OutputFile {
   }
 
   FaultInjection& faults;
-  std::unique_ptr<OutputFile> file;
+  std::unique_ptr<File> file;
 };
+
+// Returns the path in upper case and with \ for every separator.
+std::string Folded(std::string path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return UpperOf(path);
+}
 
 }  // namespace
 
-bool HeadlessSerial::SetCommPort(std::int16_t number) {
-  if (faults.Fails("SetCommPort") || open || number < 1 || number > kHighestPort) return false;
-  port = number;
-  return true;
-}
-
-void HeadlessSerial::SetInBufferSize(int characters) {
-  buffer.size = static_cast<std::size_t>(characters);
-}
-
-bool HeadlessSerial::SetSettings(const std::string& settings) {
-  return !faults.Fails("SetSettings") && SpeedOf(settings).has_value();
-}
-
-void HeadlessSerial::SetRThreshold(int characters) {
-  buffer.threshold = static_cast<std::size_t>(characters);
-}
-
-bool HeadlessSerial::Open() {
+bool HeadlessSerial::Open(int port, int speed) {
   if (faults.Fails("Open") || open || ports.count(port) == 0) return false;
+  openSpeed = speed;
   open = true;
   return true;
 }
@@ -66,11 +71,11 @@ bool HeadlessSerial::Open() {
 void HeadlessSerial::Close() {
   open = false;
   arrived.clear();
-  buffer.characters.clear();
+  buffer.clear();
 }
 
-bool HeadlessPlatform::WithoutCase::operator()(const std::string& a, const std::string& b) const {
-  return UpperOf(a) < UpperOf(b);
+bool PathOrder::operator()(const std::string& a, const std::string& b) const {
+  return Folded(a) < Folded(b);
 }
 
 std::string HeadlessPlatform::ReadSetting(const std::string& section, const std::string& key,
@@ -84,24 +89,35 @@ void HeadlessPlatform::StoreSetting(const std::string& section, const std::strin
   if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
 }
 
-bool HeadlessPlatform::FileExists(const std::string& pattern) {
-  return files ? FileMatches(*files, pattern) : FileMatches(driveC, pattern);
+bool HeadlessPlatform::ContainsFile(const std::string& folder, std::string_view ending) {
+  if (!files) return ::ContainsFile(NativePath(driveC, folder), ending);
+  return std::any_of(files->begin(), files->end(), [&](const auto& file) {
+    const std::string path = Folded(file.first);
+    return path.starts_with(Folded(folder)) && path.ends_with(UpperOf(ending)) &&
+           path.find('\\', folder.size()) == std::string::npos;
+  });
 }
 
-std::unique_ptr<InputFile> HeadlessPlatform::OpenToRead(const std::string& path) {
+std::unique_ptr<File> HeadlessPlatform::OpenToRead(const std::string& path) {
   if (faults.Fails("OpenToRead")) return nullptr;
-  std::unique_ptr<InputFile> file =
-      files ? OpenInputFile(*files, path) : OpenInputFile(NativePath(driveC, path));
-  if (!file) return nullptr;
-  return std::make_unique<FaultyInput>(faults, std::move(file));
+  std::unique_ptr<File> file;
+  if (!files)
+    file = OpenStdioToRead(NativePath(driveC, path));
+  else if (files->count(path) != 0)
+    file = std::make_unique<MemoryFile>(*files, path);
+  return file ? std::make_unique<FaultyFile>(faults, std::move(file)) : nullptr;
 }
 
-std::unique_ptr<OutputFile> HeadlessPlatform::OpenToWrite(const std::string& path) {
+std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
   if (faults.Fails("OpenToWrite")) return nullptr;
-  std::unique_ptr<OutputFile> file =
-      files ? OpenOutputFile(*files, path) : OpenOutputFile(NativePath(driveC, path));
-  if (!file) return nullptr;
-  return std::make_unique<FaultyOutput>(faults, std::move(file));
+  std::unique_ptr<File> file;
+  if (!files) {
+    file = OpenStdioToWrite(NativePath(driveC, path));
+  } else if (!path.empty() && !Folded(path).ends_with('\\')) {
+    (*files)[path].clear();
+    file = std::make_unique<MemoryFile>(*files, path);
+  }
+  return file ? std::make_unique<FaultyFile>(faults, std::move(file)) : nullptr;
 }
 
 bool HeadlessPlatform::IsSameFile(const std::string& path, const std::string& other) {

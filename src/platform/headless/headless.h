@@ -11,19 +11,17 @@
 #include <utility>
 #include <vector>
 
-#include "platform/headless/memory_files.h"
 #include "platform/platform.h"
-#include "platform/receive_buffer.h"
 
 // Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
 // program makes them: opening, reading, writing and closing a file, reading and storing a setting,
-// choosing, setting up and opening a port, starting a program.
+// opening a port, starting a program.
 struct FaultInjection {
   int calls = 0;         // made so far
   int failAt = 0;        // number of the call that fails; 0 for none
   std::string failed{};  // name of the call that failed
 
-  // Counts a call; whether it has to fail.
+  // Counts a call and returns whether it must fail.
   bool Fails(const char* call) {
     if (++calls != failAt) return false;
     failed = call;
@@ -35,41 +33,42 @@ struct FaultInjection {
 struct HeadlessSerial : SerialControl {
   explicit HeadlessSerial(FaultInjection& faultsOfPlatform) : faults(faultsOfPlatform) {}
 
-  std::set<int> ports;           // those that can be opened
+  std::set<int> ports;           // ports that can be opened
   std::function<void()> onComm;  // the program's handler of the serial event
 
   FaultInjection& faults;
-  int port = 0;
   bool open = false;
+  int openSpeed = 0;    // baud, of the port that was opened last
   std::string arrived;  // characters that are not yet in the buffer
-  ReceiveBuffer buffer;
+  std::string buffer;   // receive buffer
 
-  bool SetCommPort(std::int16_t number) override;
-  void SetInBufferSize(int characters) override;
-  bool SetSettings(const std::string& settings) override;
-  void SetRThreshold(int characters) override;
-  bool Open() override;
+  bool Open(int port, int speed) override;
   void Close() override;
   bool IsOpen() const override { return open; }
-  std::string Input() override { return TakeCharacters(buffer); }
+  std::string Input() override { return std::exchange(buffer, {}); }
 };
+
+// Orders paths, and names of settings, without regard to case; / equals \.
+struct PathOrder {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+
+// File contents by path, as the user writes the path. There are no folders: any path names a file,
+// unless it is empty or ends in a separator. Reading a file fails after it has been erased.
+using MemoryFiles = std::map<std::string, std::string, PathOrder>;
 
 struct HeadlessPlatform : Platform {
   HeadlessPlatform() = default;
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  // Compares names as the settings store does.
-  struct WithoutCase {
-    bool operator()(const std::string& a, const std::string& b) const;
-  };
   struct Setting {
     std::string section, key, text;
   };
 
-  std::optional<MemoryFiles> files;  // if set, these are all files that there are
-  std::filesystem::path driveC;      // of real files the folder that represents drive c:
-  std::map<std::string, Setting, WithoutCase> settings;  // by section and key
+  std::optional<MemoryFiles> files;                    // if set, replaces the real files
+  std::filesystem::path driveC;                        // real folder that represents drive c:
+  std::map<std::string, Setting, PathOrder> settings;  // by SECTION/KEY
   std::vector<std::string> events;  // "MsgBox TEXT" and "Shell COMMAND" in their order
   std::chrono::year_month_day today{
       std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now())};
@@ -80,9 +79,9 @@ struct HeadlessPlatform : Platform {
                           const std::string& otherwise) override;
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
-  bool FileExists(const std::string& pattern) override;
-  std::unique_ptr<InputFile> OpenToRead(const std::string& path) override;
-  std::unique_ptr<OutputFile> OpenToWrite(const std::string& path) override;
+  bool ContainsFile(const std::string& folder, std::string_view ending) override;
+  std::unique_ptr<File> OpenToRead(const std::string& path) override;
+  std::unique_ptr<File> OpenToWrite(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override { events.push_back("MsgBox " + text); }
   bool Shell(const std::string& command, WindowStyle style) override;
@@ -91,6 +90,6 @@ struct HeadlessPlatform : Platform {
   SerialControl& Serial() override { return serial; }
 };
 
-// Characters arrive at the open port, all at once; the handler runs for each event that they cause.
-// At a closed port they are lost.
+// Delivers characters to the open port, all at once, and runs the handler for each event that they
+// cause. A closed port loses them.
 void Feed(HeadlessSerial& serial, const std::string& characters);

@@ -30,7 +30,7 @@ void Describe(QWidget* widget, const QString& text, bool isCalculated) {
   if (!text.isEmpty()) parts << text;
   if (qEnvironmentVariableIsSet("TARNWICK_FIELD_NAMES")) parts << '[' + widget->objectName() + ']';
   const QString description = parts.join(' ');
-  // Every call of the setter is announced as a change.
+  // Qt announces every call of the setter as a change.
   if (widget->accessibleDescription() != description) widget->setAccessibleDescription(description);
 }
 

@@ -14,7 +14,7 @@
 
 Application::Application() {
   desktop.showRecord = [this] { runner.Refresh(); };
-  // Queued, because the command that asks may also be what shows the window.
+  // Queued, because the window may appear only after the command that asks for the focus.
   desktop.focusWindow = [this](WindowName name) {
     QTimer::singleShot(0, &mainWindow, [this, name] { WindowOf(name).BringToFront(); });
   };
@@ -22,7 +22,7 @@ Application::Application() {
   desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
   runner.onIdle = [this] { desktop.Recheck(); };
   mainWindow.onClosed = [this] {
-    desktop.settings.Flush();
+    desktop.FlushSettings();
     if (onEnd) onEnd();
   };
   AddKeys(mainWindow);

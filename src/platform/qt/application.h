@@ -17,11 +17,11 @@ struct Application {
   void Start(const QString& place = {});
   // Closes an open message box and then the main window.
   void End();
-  // Returns the window on screen for a window of the record. The first call for a window makes it:
-  // the start makes only what it shows.
+  // Returns the window on screen for a window of the record. The first call creates it, so that the
+  // start creates only the windows that it shows.
   FramedWindow& WindowOf(WindowName name);
-  // Returns the visible windows. F6 brings the next of them to the front, for systems without a
-  // window manager.
+  // Returns the visible windows, in the order in which F6 brings them to the front. F6 is for
+  // systems without a window manager.
   std::vector<FramedWindow*> VisibleWindows();
   // Called when the main window is closed and the settings are stored.
   std::function<void()> onEnd;

@@ -41,7 +41,7 @@ class LeftClickFilter : public QObject {
 class SinglePressButton : public QPushButton {
  public:
   using QPushButton::QPushButton;
-  QSize sizeHint() const override {  // with more room for the caption than the style has
+  QSize sizeHint() const override {  // adds a margin to the style's size
     return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
   }
 
@@ -64,9 +64,9 @@ void SetColour(QWidget* widget, QPalette::ColorRole role, const Colour& colour) 
   widget->setPalette(palette);
 }
 
-// Returns the text of an editor as the record stores it, and shows that if it differs: characters
-// that the single-byte set lacks are replaced. Of several pasted lines the first counts, because a
-// copied cell of a table comes with its line end.
+// Returns the text of an editor as the record stores it, and shows that text if it differs.
+// Replaces characters that the single-byte set lacks. Keeps only the first line, because a cell
+// copied from a spreadsheet ends in a line end.
 std::string SanitizedText(QLineEdit* edit) {
   std::string text = FromQt(edit->text());
   text.erase(0, text.find_first_not_of("\r\n"));
@@ -125,11 +125,11 @@ QLineEdit* Binder::Make(const char* name, TextBox& control) const {
     edit->setReadOnly(control.readOnly);
     const QString text = ToQt(control.text);
     if (edit->text() != text) {
-      // The user can undo the click that empties the box.
+      // del(), because the user can undo it: a click empties the input box.
       edit->selectAll();
       text.isEmpty() ? edit->del() : edit->setText(text);
       if (control.readOnly) edit->setCursorPosition(0);
-      // The next typing replaces what a command has written.
+      // Typing replaces the text that the command has written.
       if (!control.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
     }
     SetColour(edit, QPalette::Text, control.fore);
@@ -231,8 +231,8 @@ QComboBox* Binder::Make(const char* name, ComboBox& control) const {
     }
     const QString text = ToQt(control.text);
     if (!sameItems || box->currentText() != text) {
-      // The arrow keys move on from the item that is shown, or from before the first if the text is
-      // none of the items.
+      // The arrow keys continue from the current item; if the text is none of the items, they start
+      // at the first.
       box->setCurrentIndex(box->findText(text));
       if (box->currentText() != text) box->setEditText(text);
     }

@@ -1,6 +1,6 @@
-// Binds widgets to controls of the record: a refresh shows the control, an edit by the user, a
-// screen reader or an input method is written into it, and a user action runs the command that the
-// event table has for it.
+// Binds widgets to controls of the record: a refresh shows the control in its widget, an edit by
+// the user, a screen reader or an input method changes the control, and a user action runs the
+// command that the event table lists for it.
 #pragma once
 
 #include <QPalette>
@@ -16,8 +16,8 @@ class QPlainTextEdit;
 class QPushButton;
 class QWidget;
 
-// The palette for which the colours of the controls were chosen. All windows have it, on a dark
-// desktop too.
+// Returns the palette for which the colours of the controls were chosen. All windows use it, even
+// on a dark desktop.
 QPalette LightPalette();
 
 // Makes the widgets of one window.
@@ -27,9 +27,9 @@ class Binder {
   Binder(CommandRunner& runner, WindowName windowName, QWidget* window)
       : runner_(runner), windowName_(windowName), window_(window) {}
 
-  // Makes the widget for a control, which must outlive it. `name` is the control's name in the
-  // event table; it becomes the object name of the widget. In the Tab order the widget comes after
-  // those made before.
+  // Makes the widget for a control; the control must outlive it. `name` is the control's name in
+  // the event table; it becomes the object name of the widget. In the Tab order the widget comes
+  // after those made before.
   QLineEdit* Make(const char* name, TextBox& control) const;
   QPlainTextEdit* Make(const char* name, TextArea& control) const;
   CaptionLabel* Make(const char* name, Label& control) const;

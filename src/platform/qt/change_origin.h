@@ -1,10 +1,9 @@
-// Whose doing a change of a window's position or size is.
+// Decides whether the user or the program changed a window's position or size.
 #pragma once
 
-// Separates the user's changes of a position or size from the program's. The window system reports
-// each change. Its first report after a request of the program is the answer, with the value
-// requested or with one that the window manager chose. Any later report of another value is a
-// change by the user.
+// The window system reports each change of a position or size. Its first report after a request of
+// the program is the answer, with the requested value or with one that the window manager chose.
+// Any later report of another value is a change by the user.
 template <class Value>
 class ChangeOrigin {
  public:
@@ -15,7 +14,7 @@ class ChangeOrigin {
   }
   // No answer is due any more.
   void EndRequest() { answerIsDue_ = false; }
-  // Takes a reported value. Returns whether the user chose it.
+  // Records a reported value and returns whether the user chose it.
   bool IsUsers(const Value& value) {
     const bool isUsers = !answerIsDue_ && value != requested_ && value != answered_;
     answerIsDue_ = false;

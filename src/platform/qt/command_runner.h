@@ -25,11 +25,12 @@ class CommandRunner {
 
   // Makes the windows show the record.
   void Refresh();
-  // Calls `refresh` on every Refresh as long as `owner` exists, from the one under way on.
+  // Calls `refresh` on every Refresh as long as `owner` exists, including a Refresh that is
+  // running.
   void AddRefresher(QObject* owner, std::function<void()> refresh);
 
  private:
-  // A deque, because a refresh may make a window, whose refreshers join while others run.
+  // A deque, because a refresh may create a window, which adds refreshers while others run.
   std::deque<std::pair<QPointer<QObject>, std::function<void()>>> refreshers_;
   bool busy_ = false;
 };

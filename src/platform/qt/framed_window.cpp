@@ -45,6 +45,11 @@ FramedWindow::FramedWindow(CommandRunner& runner, Window& state)
   runner.AddRefresher(this, [this] { Refresh(); });
 }
 
+// QWidget's destructor moves the focus when this object is no longer a FramedWindow.
+FramedWindow::~FramedWindow() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 void FramedWindow::SetDefaultButton(QPushButton* button) {
   if (default_ == button) return;
   if (default_ != nullptr) default_->setDefault(false);
@@ -52,7 +57,8 @@ void FramedWindow::SetDefaultButton(QPushButton* button) {
   ShowDefaultButton();
 }
 
-// A button with the focus takes Enter from the default button, which then must not look the same.
+// While another button has the focus, Enter presses that button, so the default button must not
+// look like the default.
 void FramedWindow::ShowDefaultButton() {
   if (default_ == nullptr) return;
   const auto* focused = qobject_cast<QPushButton*>(focusWidget());
@@ -74,7 +80,7 @@ QPoint FramedWindow::PlaceFor(QPoint wanted) const {
 
 void FramedWindow::Refresh() {
   if (shown_.caption != state_.caption || windowTitle().isEmpty()) ShowTitle();
-  // Size before position: a position set first would drift by the frame.
+  // Size before position: in the other order the window would shift by the size of its frame.
   const bool appears = state_.visible && !isVisible();
   if (appears || shown_.width != state_.width || shown_.height != state_.height) ShowSize();
   const bool moves = shown_.left != state_.left || shown_.top != state_.top;
@@ -84,11 +90,13 @@ void FramedWindow::Refresh() {
   if (state_.visible != isVisible()) setVisible(state_.visible);
 }
 
-// The window is wide enough for the title if the screen is.
+// Makes the window wide enough for the title, as far as the screen allows.
 void FramedWindow::ShowTitle() {
   constexpr int kFrameButtons = 120;  // pixels
   setWindowTitle(ToQt(state_.caption));
-  const int width = fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons;
+  QFont bold = font();
+  bold.setBold(true);
+  const int width = QFontMetrics(bold).horizontalAdvance(windowTitle()) + kFrameButtons;
   if (layout() != nullptr && width > layout()->totalMinimumSize().width())
     setMinimumWidth(std::min(width, ScreenAt(pos()).width()));
 }
@@ -131,7 +139,8 @@ void FramedWindow::showEvent(QShowEvent* event) {
   windowHandle()->installEventFilter(this);
 }
 
-// The window system reports here, before Qt drops what the widget knows already.
+// Watches the QWindow, because Qt passes a report on to the widget only if it changes the widget's
+// own value.
 bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == windowHandle()) {
     if (event->type() == QEvent::Move) TakeReportedPosition();
@@ -143,7 +152,7 @@ bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
       Place();  // exactly, because the size of the frame is known now
     }
   }
-  // Without this the access key of a disabled button would be typed.
+  // Otherwise the field would insert the access key of a disabled button as text.
   if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->modifiers() == Qt::AltModifier && !key->text().isEmpty()) return true;

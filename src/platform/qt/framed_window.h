@@ -11,12 +11,14 @@
 #include "platform/qt/change_origin.h"
 #include "workspace/record/control_tables.h"
 
-// One logical pixel, 1/96 inch.
+// A twip is 1/1440 inch, a logical pixel 1/96 inch.
 inline constexpr float kTwipsPerPixel = 15;
 
-// A window of the record. The four derive from it.
+// The base class of the four windows.
 class FramedWindow : public QWidget {
  public:
+  ~FramedWindow() override;
+
   // Called after the command for closing the frame.
   std::function<void()> onClosed;
   // Brings the window in front of the others, with the input focus on its focus proxy.
@@ -28,13 +30,14 @@ class FramedWindow : public QWidget {
   // Returns where to put the frame for a position in the record, both in pixels. By default the
   // whole window is on the screen if it fits.
   virtual QPoint PlaceFor(QPoint wanted) const;
-  // Moves the window to that place.
+  // Moves the window to PlaceFor of the position in the record.
   void Place();
   // Whether the position in the record is the user's choice.
   bool IsMovedByUser() const { return isMovedByUser_; }
-  // Returns the free area of the screen that contains a point, else of the first screen.
+  // Returns the area without task bars of the screen that contains a point, else of the primary
+  // screen.
   static QRect ScreenAt(QPoint point);
-  // Called when the window appears and when the record asks for another size.
+  // Resizes the window when it appears and when the size in the record changes.
   virtual void ShowSize() {}
   // Resizes the window to the size in the record, or to what the fonts need if that is more.
   void ResizeToDesign();
@@ -74,7 +77,7 @@ template <class Record>
 class RecordWindow : public FramedWindow {
  public:
   // Makes and binds the widget for a control, such as Make(&MainWindow::InputText). The views make
-  // their widgets in the order of the table in control_tables.h, which so is the Tab order.
+  // their widgets in the order of the table in control_tables.h, so that is the Tab order.
   template <class Control>
   auto* Make(Control Record::*control) {
     auto* widget = binder_.Make(NameOf(control), record_.*control);

@@ -59,7 +59,7 @@ QSize ScreenScrollArea::minimumSizeHint() const {
   constexpr QSize kWindowFrame(8, 40);
   const QSize free = screen()->availableGeometry().size() - kWindowFrame;
   QSize size = widget()->minimumSizeHint();
-  // A scroll bar takes room from the other direction.
+  // A vertical scroll bar takes some of the width, a horizontal one some of the height.
   if (size.height() > free.height()) size.rwidth() += verticalScrollBar()->sizeHint().width();
   if (size.width() > free.width()) size.rheight() += horizontalScrollBar()->sizeHint().height();
   return size.boundedTo(free);
@@ -82,6 +82,13 @@ QFont FontAtLeast(const QWidget* widget, double points, bool bold) {
 double FontScale(const QWidget* widget) {
   constexpr double kDesignLineHeight = 13;  // pixels
   return std::max(1.0, widget->fontMetrics().height() / kDesignLineHeight);
+}
+
+void SetPlainFrame(QFrame* frame) {
+  frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+  QPalette palette = frame->palette();
+  palette.setColor(QPalette::WindowText, QColor(170, 170, 170));
+  frame->setPalette(palette);
 }
 
 void SetMinimumWidthFor(QLineEdit* edit, const char* text) {

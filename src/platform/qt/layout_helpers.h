@@ -1,4 +1,4 @@
-// Sizes and fonts that the layouts of several windows need.
+// Widgets, sizes and fonts that several windows share.
 #pragma once
 
 #include <QFont>
@@ -7,8 +7,8 @@
 
 class QLineEdit;
 
-// A label that doesn't stretch its window: a caption too long for its place ends in dots, or makes
-// the label higher if it wraps. Its last word may have a place of its own.
+// A label that does not widen its window: a caption that is too long ends in dots, or makes the
+// label higher if wrapping is on. The last word can be drawn at a position of its own.
 class CaptionLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -39,13 +39,17 @@ class ScreenScrollArea : public QScrollArea {
   bool viewportEvent(QEvent* event) override;
 };
 
-// Returns the widget's font in another size and weight: `points` where the font has 9, and never
-// smaller than it is.
+// Returns the widget's font in another size and weight. The size is `points` if the widget's font
+// has 9 points, in proportion for other fonts, and never smaller than the widget's font.
 QFont FontAtLeast(const QWidget* widget, double points, bool bold);
 
-// Returns how much larger than in the design the widget's font is, at least 1. What is drawn is
-// scaled by it.
+// Returns the height of the widget's font relative to the font of the design, at least 1. Drawings
+// are scaled by it.
 double FontScale(const QWidget* widget);
+
+// Draws a plain frame around a list or a text. On a screen with a fractional scale the style's own
+// frame would be clipped.
+void SetPlainFrame(QFrame* frame);
 
 // Makes a field wide enough for a text in its own font.
 void SetMinimumWidthFor(QLineEdit* edit, const char* text);

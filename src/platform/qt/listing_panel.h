@@ -7,7 +7,7 @@ class ListingPanel : public QWidget {
  public:
   explicit ListingPanel(MainWindowView& window);
 
-  // Returns the field in which the user begins.
+  // Returns the field that the user fills in first.
   QLineEdit* FirstField() const { return MinDisttext_; }
 
  private:

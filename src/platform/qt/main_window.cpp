@@ -15,7 +15,7 @@
 
 namespace {
 
-// The columns of the upper part: two of buttons, two of references, one of the accuracy box.
+// The columns of the upper part: two of buttons, a gap, two of references, one of the accuracy box.
 enum Column { kFirstButton, kSecondButton, kGap, kLocator, kReference, kLast, kColumns };
 
 constexpr QSize kAccuracySquare(45, 43);
@@ -41,7 +41,7 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(scroll_);
 
-  // The record contains the width that the fonts need.
+  // Store the width that the fonts need in the record.
   state_.width = std::max(state_.width, static_cast<float>(sizeHint().width()) * kTwipsPerPixel);
   setFocusProxy(InputText_);
   setFocus();
@@ -54,8 +54,9 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   });
 }
 
-// The user can type the next place at once: it replaces the one that was used. But while Enter means
-// Set as Home, nobody must type over the place and make it a home under another name.
+// Selects the input text, so that typing replaces it by the next place. While Enter means Set as
+// Home, the text is not selected: typing over it and pressing Enter would store the home station
+// under a wrong name.
 void MainWindowView::SelectInput() {
   IsHomeNext() ? InputText_->end(false) : InputText_->selectAll();
 }
@@ -83,7 +84,7 @@ void MainWindowView::StyleFields() {
   SetMinimumWidthFor(LLText_, "000° 00' 00.0'' W, 000° 00' 00.0'' W");
   SetMinimumWidthFor(LocDatabase_, "c:\\geog\\Sites.dat 0000");
 
-  // The captions of this button change, but the columns must not.
+  // The columns must not change with the caption, so the button is as wide as its longest caption.
   for (const char* caption : {kRealTimeCaption, kPauseCaption, kResumeCaption}) {
     UseNMEA_->setText(caption);
     UseNMEA_->setMinimumWidth(std::max(UseNMEA_->minimumWidth(), UseNMEA_->sizeHint().width()));
@@ -98,7 +99,7 @@ void MainWindowView::NameFields() {
   NGRText_->setAccessibleName("National Grid Reference");
   EastNorth_->setAccessibleName("Eastings and northings");
   LLText_->setAccessibleName("Latitude and longitude");
-  // Their captions are bare lengths.
+  // Their captions are lengths without a word, such as "100m".
   Describe(Xdim_, "Resolution, width");
   Describe(Ydim_, "Resolution, height");
 }
@@ -188,10 +189,10 @@ void MainWindowView::StartListing() {
   scroll_->ensureWidgetVisible(listing_->FirstField());
 }
 
-// What the widget with the focus has no use for is typed into the input box.
+// Text keys that the widget with the focus ignores go into the input box.
 void MainWindowView::keyPressEvent(QKeyEvent* event) {
   const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
-  if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+  if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
     return RecordWindow::keyPressEvent(event);
   InputText_->setFocus();
   QApplication::sendEvent(InputText_, event);
@@ -206,10 +207,10 @@ bool MainWindowView::focusNextPrevChild(bool next) {
 }
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
-  // Qt selects the text of a field that Tab reaches, after this filter.
+  // When Tab reaches a field, Qt selects its text after this filter has run.
   if (watched == InputText_ && event->type() == QEvent::FocusIn && IsHomeNext())
     QTimer::singleShot(0, this, &MainWindowView::SelectInput);
-  // The caption "Loc ... NGR" is one text, but each word is above its field.
+  // The caption "Loc ... NGR" is one text, but each word must be above its field.
   if (watched == NGRText_ && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
     Label15_->SetLastWordAt(NGRText_->x() - LocText_->x());
   return RecordWindow::eventFilter(watched, event);

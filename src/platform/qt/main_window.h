@@ -12,7 +12,7 @@ class MainWindowView : public RecordWindow<MainWindow> {
  public:
   explicit MainWindowView(CommandRunner& runner);
 
-  // Does what a user does who types a place and presses Use This.
+  // Writes a place into the input box and presses Use This, as a user would.
   void UsePlace(const QString& place);
 
  protected:

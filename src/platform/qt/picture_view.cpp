@@ -49,7 +49,7 @@ void PictureView::PaintOperations(QPainter& painter, double pixelsPerUnit) const
         painter.drawEllipse(first, op.radius * pixelsPerUnit, op.radius * pixelsPerUnit);
         break;
       case DrawOperation::Kind::PSet:
-        // A point in the background colour leaves no mark, not even on what is drawn already.
+        // A point in the background colour only sets the position for Print; it erases nothing.
         if (op.colour != picture_.back) painter.drawPoint(first);
         lastPoint = first;
         break;

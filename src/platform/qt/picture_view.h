@@ -1,4 +1,4 @@
-// Paints a picture box: the list of its drawing operations.
+// Paints the drawing operations of a picture box.
 #pragma once
 
 #include <QWidget>
@@ -13,7 +13,7 @@ struct PictureScale {
   int designHeight;   // pixels, with the font of the design
 };
 
-// The picture is as large as its place allows with both axes at one scale.
+// Paints the picture as large as the widget allows, with the same scale on both axes.
 class PictureView : public QWidget {
  public:
   // `picture` must outlive the view.

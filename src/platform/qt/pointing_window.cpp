@@ -11,7 +11,7 @@
 
 namespace {
 
-// The letters need a margin: the N begins above the top of the picture.
+// A margin for the letters: the N begins above the top of the picture.
 constexpr double kEdge = 1.1 * kCompassEdge;
 
 // With larger letters the N would touch the circle.
@@ -26,7 +26,7 @@ PointingWindowView::PointingWindowView(CommandRunner& runner, QWidget& mainWindo
     : RecordWindow(runner, runner.w.BearingCalc),
       mainWindow_(mainWindow),
       C_(new PictureView(record_.C, kCompass, this)) {
-  // The next place is typed in the main window, so that keeps the focus.
+  // The user types the next place in the main window, so the main window keeps the focus.
   setAttribute(Qt::WA_ShowWithoutActivating);
   BearText_->setFont(FontAtLeast(this, 17.25, true));
   BackBearText_->setFont(FontAtLeast(this, 12, true));
@@ -47,7 +47,7 @@ PointingWindowView::PointingWindowView(CommandRunner& runner, QWidget& mainWindo
     grid->addWidget(label, ++row, 0);
     grid->addWidget(field, row, 1);
   }
-  // The figures keep their size, the compass grows with the window.
+  // Only the compass grows with the window.
   for (QLineEdit* field : {BearText_, BackBearText_, DistText_, UncertText_})
     field->setMaximumWidth(UncertText_->minimumWidth());
   grid->addWidget(C_, 1, 2, row + 1, 1);
@@ -69,8 +69,8 @@ void PointingWindowView::ShowCompass() {
   C_->update();
 }
 
-// Beside the main window, below or above it, wherever the screen has room. A place that the user
-// chose is kept.
+// Avoids the main window: to its right, below, to its left or above, wherever the screen has room.
+// Keeps a position that the user chose.
 QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   const QPoint reachable = FramedWindow::PlaceFor(wanted);
   const QSize size = frameGeometry().size();
@@ -88,7 +88,7 @@ QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
 
 bool PointingWindowView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &mainWindow_ && isVisible()) {
-    // After a pick the Results window would lie on the figures.
+    // After the user picks a result, the Results window would cover the figures.
     if (event->type() == QEvent::WindowActivate) raise();
     // The main window may have grown into its listing layout.
     const bool overlaps = mainWindow_.frameGeometry().intersects(frameGeometry());

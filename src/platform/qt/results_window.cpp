@@ -22,7 +22,7 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
   return ToQt(list_.items[row]);
 }
 
-// Another number of entries, or the same number of other ones.
+// A reset loses the selection and the scroll position, so it is only for a new number of entries.
 void ResultsModel::Refresh() {
   const int count = static_cast<int>(list_.items.size());
   if (count != rowCount_) {
@@ -37,6 +37,7 @@ void ResultsModel::Refresh() {
 ResultsView::ResultsView(QWidget* parent) : QListView(parent) {
   setFlow(QListView::TopToBottom);
   setWrapping(true);
+  SetPlainFrame(this);
   setResizeMode(QListView::Adjust);
   setUniformItemSizes(true);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -87,7 +88,7 @@ void ResultsView::resizeEvent(QResizeEvent* event) {
   QListView::resizeEvent(event);
 }
 
-// A notch of the wheel goes on by a column.
+// One notch of the wheel scrolls by one column.
 void ResultsView::wheelEvent(QWheelEvent* event) {
   constexpr int kNotch = 120;
   wheelAngle_ += event->angleDelta().x() + event->angleDelta().y();
@@ -107,7 +108,7 @@ ResultsWindowView::ResultsWindowView(CommandRunner& runner)
   column->addWidget(OK_, 0, Qt::AlignLeft);
 
   setFocusProxy(PR_);
-  // The current entry may be one that merely has the focus; OK picks the selected one.
+  // OK picks the selected entry. The current entry may only have the focus.
   connect(PR_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     const QModelIndexList selected = PR_->selectionModel()->selectedIndexes();
     record_.PR.index = selected.isEmpty() ? -1 : selected.front().row();
@@ -128,7 +129,7 @@ void ResultsWindowView::SetFonts() {
   }
 }
 
-// As wide as four columns of entries, if the screen is.
+// At least as wide as four columns of entries, as far as the screen allows.
 void ResultsWindowView::ShowSize() {
   if (!state_.visible) return;
   const QMargins margins = layout()->contentsMargins();

@@ -1,4 +1,4 @@
-// The Results window on screen: what a lookup found, to pick from.
+// The Results window on screen: the user picks one of the sites that a lookup found.
 #pragma once
 
 #include <QAbstractListModel>
@@ -7,8 +7,8 @@
 
 #include "platform/qt/framed_window.h"
 
-// Reads the entries from the record when they are painted: a million of them need no widgets and no
-// copies.
+// Reads the entries from the record when Qt paints them, so that a million of them need no widgets
+// and no copies.
 class ResultsModel : public QAbstractListModel {
  public:
   ResultsModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
@@ -19,17 +19,17 @@ class ResultsModel : public QAbstractListModel {
 
  private:
   const ListBox& list_;
-  int rowCount_ = 0;  // as the views know it
+  int rowCount_ = 0;  // as last reported to the views
 };
 
-// The entries in columns, filled down one and then the next.
+// Shows the entries in columns: fills one column from top to bottom, then the next.
 class ResultsView : public QListView {
  public:
   explicit ResultsView(QWidget* parent);
   void SetColumns(int columns);
-  // Returns the pixels that an entry of the greatest length takes, with a gutter.
+  // Returns the width in pixels of an entry of the greatest length, with a gutter.
   int EntryWidth() const;
-  // Called on a double click, on an entry or beside them all.
+  // Called on a double click anywhere in the list.
   std::function<void()> onDoubleClick;
 
  protected:

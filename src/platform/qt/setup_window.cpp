@@ -13,6 +13,7 @@ SetUpWindowView::SetUpWindowView(CommandRunner& runner) : RecordWindow(runner, r
   NameByLabel(CPort_, Label2_);
   NameByLabel(Baud_, Label1_);
   Text1_->setAccessibleName("Message");
+  SetPlainFrame(Text1_);
 
   auto* grid = new QGridLayout(this);
   grid->addWidget(Label2_, 0, 0);
@@ -23,7 +24,7 @@ SetUpWindowView::SetUpWindowView(CommandRunner& runner) : RecordWindow(runner, r
   grid->addWidget(Text1_, 3, 0, 1, 2);
   setFocusProxy(CPort_);
   SetDefaultButton(Command1_);
-  // Without buttons that it has no use for, the window has room for its title.
+  // Leaves out the minimise and maximise buttons, so that the title fits.
   setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowCloseButtonHint);
   ResizeToDesign();
@@ -36,7 +37,7 @@ void SetUpWindowView::ShowDevices() {
     const QString port = ToQt(record_.CPort.items[static_cast<std::size_t>(i)]);
     CPort_->setItemData(i, DeviceOf(port.mid(3).toInt()), Qt::ToolTipRole);
   }
-  // The first text of the box is "1", which names no port.
+  // Without a stored setting the start writes "1" into the box, which names no port.
   const bool isPort = ToQt(record_.CPort.text).startsWith("COM", Qt::CaseInsensitive);
   Text1_->setPlaceholderText(isPort ? "" : "Choose a COM port, such as COM9.");
 }

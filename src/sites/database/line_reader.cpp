@@ -5,7 +5,8 @@
 
 namespace {
 
-// The buffer has room for the unfinished line of the last block, a block of the file, and padding.
+// The sizes of the parts of the buffer: the unfinished line of the last block, then a block of the
+// file, which starts at a memory page. kBlockPadding follows.
 constexpr std::size_t kLongestCarry = kLongestLine + 1;
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
 constexpr std::size_t kPageSize = 4096;
@@ -78,7 +79,7 @@ bool ReadLine(DatabaseHandle& database, std::string_view& line) {
     }
     if (!ReadBlock(database)) break;
   }
-  // The last line may lack its end.
+  // The last line may have no line end.
   line = {database.buffer.data() + database.cursor, database.limit - database.cursor};
   database.cursor = database.limit;
   return !tooLong && !line.empty() && !database.failed;

@@ -6,10 +6,10 @@
 
 #include "workspace/record/workspace.h"
 
-// Longer lines are skipped.
+// ReadLine skips longer lines.
 inline constexpr std::size_t kLongestLine = 32766;
 
-// Readable padding behind the bytes read, so that a search may read whole blocks.
+// Readable padding after the bytes read, so that a search may read whole blocks.
 inline constexpr std::size_t kBlockPadding = 128;
 
 // Closes the handle, opens the file that LocDatabase names and reads its first block. A file that
@@ -22,7 +22,7 @@ inline constexpr std::size_t kBlockPadding = 128;
 // and after a read error; `database.failed` tells the two apart.
 [[nodiscard]] bool ReadLine(DatabaseHandle& database, std::string_view& line);
 
-// Closes the handle; harmless if it is closed.
+// Closes the handle; does nothing if the handle is closed.
 void CloseDatabase(Workspace& w);
 
 // Shows the message for a database that is missing or cannot be read.

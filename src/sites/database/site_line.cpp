@@ -11,7 +11,7 @@ SiteLine SplitSiteLine(std::string_view line) {
 }
 
 // A marker of nine characters covers an index of 8 modulo 9, so testing every ninth character
-// clears most lines.
+// rules out most lines.
 bool HasEndMarker(std::string_view line) {
   static constexpr std::array<bool, 256> kOfMarker = [] {
     std::array<bool, 256> isOfMarker{};

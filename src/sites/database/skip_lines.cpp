@@ -72,9 +72,9 @@ std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
 #endif
 
 // Returns the carriage returns of a block that end a line without a "~". The addition carries a bit
-// from the start of each line through all characters but "~", so it reaches the return of such a
-// line. `noTildeYet` is whether the line that crosses the start of the block had no "~" so far, and
-// is updated for the next block.
+// from the start of each line through all characters except "~", so the carry reaches the return of
+// such a line. `noTildeYet` is whether the line that crosses the start of the block had no "~" so
+// far; it is updated for the next block.
 std::uint64_t ReturnsWithoutTilde(const char* at, bool& noTildeYet) {
   const std::uint64_t returns = MatchMask64(at, kReturn);
   const std::uint64_t others = ~MatchMask64(at, kTilde);
@@ -119,7 +119,8 @@ std::size_t AdvanceToLineOf(DatabaseHandle& database, const char* at) {
   return static_cast<std::size_t>(at - start);
 }
 
-// Stores the name of the last line that ends before `start`, if there is one, in sitename.
+// Stores the name of the last line that ends before `start`, if there is one, in sitename. Ignores
+// lines that ReadLine would skip.
 void CaptureLastSiteName(const DatabaseHandle& database, const char* start, std::string& sitename) {
   const char* from = database.buffer.data() + database.cursor;
   while (start != from) {

@@ -10,7 +10,7 @@ unsigned char Code(char c) {
   return static_cast<unsigned char>(c);
 }
 
-// The test for a capital and its small letters, which differ from it in the bits of the mask.
+// The test for a capital and its small letters; the mask is the bits in which they differ.
 MaskedByte MaskedByteFor(char capital) {
   MaskedByte test;
   for (std::size_t code = 0; code < kCapitals.size(); ++code)

@@ -24,8 +24,8 @@ struct CharacterPair {
 struct CaseBlindText {
   explicit CaseBlindText(std::string_view text);
   std::string upper;
-  // Horspool's tables, by the character under the end of the text: how far the text can be moved
-  // on, and whether the text may end there.
+  // Horspool's tables, indexed by the character of the line that is compared with the last one of
+  // the text: how far the search can advance, and whether the text may end at that character.
   std::array<std::size_t, 256> shift{};
   std::array<bool, 256> ends{};
   CharacterPair rarest;  // every occurrence contains it

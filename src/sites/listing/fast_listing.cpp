@@ -179,8 +179,8 @@ RowOutcome AppendFastRow(const ListingAccelerator& fast, const AcceleratedSquare
 
 ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits) {
   return {limits, HomeStationAt(w.BaseLat, w.BaseLong),
-          std::vector<AcceleratedSquare>(kGridColumns * kGridRows),
-          std::vector<AcceleratedSquare>(kBoxColumns * kBoxRows)};
+          std::vector<AcceleratedSquare>(std::size_t{kGridColumns} * kGridRows),
+          std::vector<AcceleratedSquare>(std::size_t{kBoxColumns} * kBoxRows)};
 }
 
 RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text) {

@@ -1,4 +1,4 @@
-// Lists records several times faster than by the exact formulas. For a square with many records the
+// Lists records several times faster than the exact formulas do. For a square with many records the
 // accelerator takes the numbers (coordinates, distance, bearings) from polynomials. Everything
 // else, from reading a reference to writing the row, is done by the procedures that the exact path
 // uses. Where the exact number could fall on the other side of a decision (the edge of a locator's
@@ -19,8 +19,8 @@
 
 // A lettered square of the National Grid, or a square of 2 by 1 degrees.
 struct AcceleratedSquare {
-  int recordCount = 0;    // until there are enough for the polynomials
-  bool isOnGrid = false;  // every place of it; known from the first record on
+  int recordCount = 0;    // counted only until there are enough for the polynomials
+  bool isOnGrid = false;  // true if all its places are on the grid; set at the first record
   std::unique_ptr<LocalPolynomials> polynomials;
   double nearest = 0, farthest = 0;  // km, bounds on the distance of its places from home
 };
@@ -43,5 +43,5 @@ enum class RowOutcome { NeedsExactPath, Dropped, Listed };
 // was appended; the caller runs ReplayDeferred, then DecodeRecord.
 RowOutcome TryFastRow(ListingAccelerator& fast, const SiteRecord& record, std::string& text);
 
-// Brings the workspace and the columns to the state in which the plain engine would have left them.
+// Brings the workspace and the columns to the state that the exact path would have left.
 void ReplayDeferred(ListingAccelerator& fast, Workspace& w, Columns& columns);

@@ -9,11 +9,11 @@
 namespace {
 
 constexpr std::size_t kWriteSize = std::size_t{1} << 18;
-constexpr double kUnlimitedDistance = 9999;  // a larger limit is not mentioned in the header
+constexpr double kUnlimitedDistance = 9999;  // the header omits this limit and larger ones
 
 // The listing file and the rows not yet written to it.
 struct ListingFile {
-  std::unique_ptr<OutputFile> file;
+  std::unique_ptr<File> file;
   std::string pending;
   bool failed = false;
 };

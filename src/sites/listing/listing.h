@@ -4,13 +4,13 @@
 
 #include "workspace/record/workspace.h"
 
-// Reads the database that LocDatabase names, writes the file that ListFileName names, replacing an
-// old one, and opens it in the text viewer.
+// Reads the database that LocDatabase names, writes (or replaces) the file that ListFileName names,
+// and opens the file in the text viewer.
 // Reads   LocDatabase, ListFileName, MinDisttext, MaxDistText (km), FromBearText, ToBearText
 //         (degrees), Srchtext, and the home station.
 // Writes  Lat, Lon, Dist and all else that decoding the last record changes.
-// Without the database the message is "Site datbase not found"; for any later failure it is "Path
-// or filename error", and no viewer is started.
+// If the database cannot be opened, shows "Site datbase not found". After any later failure shows
+// "Path or filename error"; the viewer starts only if the file was written.
 void MakeList_Click(Workspace& w);
 
 // Runs MakeList_Click with 20 km in MaxDistText, where it stays.

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kNameLength = 46;  // more of a name is cut off
+constexpr std::size_t kNameLength = 46;  // longer names are cut off
 
 // Where the items of a row begin, counted from 1.
 constexpr std::size_t kNameColumn = 1;

@@ -27,10 +27,10 @@ struct SiteRecord {
   std::string_view line;  // name and position
   std::string_view name;
   std::string position;        // upper case; without blanks if it is a reference
-  InputKind kind = kSiteName;  // as ClassifyInput says; kSiteName for a line with the end marker
+  InputKind kind = kSiteName;  // as ClassifyInput returns; kSiteName for a line with the end marker
 };
 
-// Reads a line that has been split into `record`. Line and name are views.
+// Fills `record` from a line and its parts. record.line and record.name are views of the line.
 void ReadRecord(std::string_view line, const SiteLine& site, SiteRecord& record);
 
 // The texts of the two reference columns, kept from record to record.
@@ -39,9 +39,9 @@ struct Columns {
   std::string gridReference;
 };
 
-// Decodes a record into the workspace and the columns, whether or not it is listed then. A record
-// without a place keeps the previous place and has empty columns; the position of one of kind
-// kLatLong is not decoded at all, and the columns stay as well.
+// Decodes a record into the workspace and the columns, whether or not the record is then listed. A
+// record of kind kSiteName keeps the previous place and empties the columns. A record of kind
+// kLatLong is not decoded: the previous place and the columns stay.
 void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns);
 
 // What a row shows.
@@ -53,8 +53,8 @@ struct ListingRow {
 // The row of the record decoded last. Its texts are views into the workspace and the columns.
 ListingRow RowOf(const Workspace& w, const Columns& columns);
 
-// Whether a distance and a bearing lie within the limits, edges included; a sector whose edges are
-// equal contains no bearing.
+// Whether a distance and a bearing lie within the limits, edges included; a sector whose two edges
+// are equal contains no bearing.
 bool IsWithin(const Limits& limits, const DistanceAndBearings& figures);
 
 // Whether a row is listed: by its name, distance and bearing.

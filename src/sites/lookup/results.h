@@ -3,8 +3,9 @@
 
 #include "workspace/record/workspace.h"
 
-// Shows the window, a third of the main window's width and a quarter of its height from its top
-// left corner. Loads the window with an empty list if it is not loaded.
+// Shows the window a third of the main window's width to the right of the main window's left edge,
+// and a quarter of its height below its top edge. Loads the window with an empty list if the window
+// is not loaded.
 void OpenResults(Workspace& w);
 
 // Stores the position of the window in ListLeft and ListTop and unloads it.

@@ -16,6 +16,6 @@ void SetBackgrounds(Workspace& w, InputKind kind);
 void ShowPlaceByLatLong(Workspace& w);
 
 // Writes Dist, Bearing, Backbearing and the uncertainties into DistText, BearText, BackBearText and
-// UncertText; values never computed show as 0. How UncertText is worded depends on the kind of
-// input.
+// UncertText. A value that was never computed shows as 0. The wording of UncertText depends on the
+// kind of input.
 void ShowDistanceAndBearing(Workspace& w, InputKind kind);

@@ -37,7 +37,7 @@ void DecodeReference(Workspace& w, const std::string& reference, InputKind kind)
   ShowLatLong(w);
 }
 
-// Uses a typed text that is a place by itself.
+// Uses a typed grid reference, locator, or latitude and longitude.
 void UsePlace(Workspace& w, std::string text, InputKind kind) {
   if (kind == kLatLong) ParseLatLong(w, text);
   w.Tarnwick.InputText.text = text;
@@ -56,8 +56,8 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
 }
 
 // Uses the site `sitename` of the database with this position, upper case. A position that is no
-// reference shows "ERROR"; one that is a latitude and longitude changes no field. Both keep the old
-// place, and distance and bearing are computed for that.
+// reference shows "ERROR"; a latitude and longitude leaves LocText, NGRText and LLText. Both
+// keep the old place, for which distance and bearing are then computed.
 void UseSite(Workspace& w, std::string position) {
   w.Tarnwick.InputText.text = w.sitename + Blanks(3) + position;
   w.BearingCalc.Ipt.text = w.Tarnwick.InputText.text;

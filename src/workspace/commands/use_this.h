@@ -4,8 +4,8 @@
 #include "workspace/record/workspace.h"
 
 // Classifies the text of InputText, decodes it or finds its site in the database, and shows the
-// place: LocText, NGRText and LLText with their colours, the accuracy and, if there is a home
-// station, the figures and the compass of the Pointing window. SetHome is enabled when there is a
-// place and disabled otherwise. A text that cannot be decoded leaves the old place, and the rest is
-// shown for that.
+// place: LocText, NGRText and LLText with their colours, the resolution and, if there is a home
+// station, the figures and the compass of the Pointing window. If the text is empty or no site
+// is found, disables SetHome; otherwise enables it. If the text or the position of the site cannot
+// be decoded, the old place stays, and the figures are those of the old place.
 void FindIt_Click(Workspace& w);

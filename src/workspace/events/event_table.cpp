@@ -1,8 +1,5 @@
 #include "workspace/events/event_table.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "geo/lat_long_display.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
@@ -18,15 +15,6 @@
 #include "workspace/record/control_tables.h"
 
 namespace {
-
-void HidePointing(Workspace& w) {
-  w.BearingCalc.visible = false;
-}
-
-// Unlike CloseResults, stores no position.
-void UnloadResults(Workspace& w) {
-  w.ShowList = {};
-}
 
 using enum UserAction;
 using enum WindowName;
@@ -45,10 +33,11 @@ constexpr Event kEvents[] = {
     {Tarnwick, NameOf(&MainWindow::MakeList), Click, MakeList_Click, true},
     {Tarnwick, NameOf(&MainWindow::ShowAll), Click, ShowAll_Click},
     {Tarnwick, "", CloseFrame, Form_Unload},
-    {BearingCalc, "", CloseFrame, HidePointing},
+    {BearingCalc, "", CloseFrame, [](Workspace& w) { w.BearingCalc.visible = false; }},
     {ShowList, NameOf(&ResultsWindow::PR), DoubleClick, ShowList::PR_DblClick, true},
     {ShowList, NameOf(&ResultsWindow::OK), Click, ShowList::OK_Click, true},
-    {ShowList, "", CloseFrame, UnloadResults},
+    // Unlike CloseResults, this stores no position.
+    {ShowList, "", CloseFrame, [](Workspace& w) { w.ShowList = {}; }},
     {SetUpCom, NameOf(&SetUpWindow::Command1), Click, SetUpCom::Command1_Click},
     {SetUpCom, "", CloseFrame, SetUpCom::CloseFrame},
 };
@@ -56,10 +45,9 @@ constexpr Event kEvents[] = {
 }  // namespace
 
 const Event* FindEvent(WindowName window, std::string_view control, UserAction action) {
-  const auto* const row = std::find_if(std::begin(kEvents), std::end(kEvents), [&](const Event& e) {
-    return e.window == window && e.control == control && e.action == action;
-  });
-  return row == std::end(kEvents) ? nullptr : row;
+  for (const Event& e : kEvents)
+    if (e.window == window && e.control == control && e.action == action) return &e;
+  return nullptr;
 }
 
 const Event& CloseFrameEvent(WindowName window) {

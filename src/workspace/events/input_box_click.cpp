@@ -1,7 +1,6 @@
 #include "workspace/events/input_box_click.h"
 
 #include "gps/real_time.h"
-#include "pointing/compass.h"
 #include "sites/lookup/results.h"
 #include "workspace/events/listing_layout.h"
 
@@ -15,7 +14,7 @@ void InputText_Click(Workspace& w) {
   main.InputText.fore = kBlack;
   main.InputText.text.clear();
   w.BearingCalc.Ipt.text.clear();
-  Cls(w.BearingCalc.C);
+  w.BearingCalc.C.operations.clear();
   main.SetHome.enabled = false;
   ShowListingControls(main, false);
   EndRealTime(w);

@@ -1,6 +1,5 @@
 #include "workspace/events/listing_layout.h"
 
-#include "pointing/compass.h"
 #include "sites/lookup/results.h"
 
 void ShowListingControls(MainWindow& main, bool visible) {
@@ -28,6 +27,6 @@ void GenList_Click(Workspace& w) {
        {&pointing.DistText, &pointing.BearText, &pointing.BackBearText, &pointing.UncertText})
     box->text.clear();
   for (TextBox* box : {&main.NGRText, &main.LocText, &main.LLText}) box->text.clear();
-  Cls(pointing.C);
+  pointing.C.operations.clear();
   CloseResults(w);
 }

@@ -2,7 +2,6 @@
 // visible in this layout only; otherwise the main window has its lookup layout.
 #pragma once
 
-#include "workspace/record/window_state.h"
 #include "workspace/record/workspace.h"
 
 // Shows or hides the controls that only the listing layout has.

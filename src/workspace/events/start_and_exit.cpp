@@ -3,7 +3,6 @@
 #include <string>
 
 #include "gps/port_setup.h"
-#include "pointing/external_maps.h"
 #include "sites/database/line_reader.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/place_display.h"
@@ -12,7 +11,8 @@
 
 namespace {
 
-// Default when nothing is stored. A pair with a value of 500 or more is no home station.
+// Default when nothing is stored. A latitude or longitude of 500 or more means that there is
+// no home station.
 constexpr const char* kNoHome = "999";
 constexpr double kHomeLimit = 500;
 
@@ -38,41 +38,34 @@ void Form_Load(Workspace& w) {
   Platform& platform = w.platform;
   MainWindow& main = w.Tarnwick;
   w.BaseSet = kFalse;
-  const std::string left = platform.ReadSetting("FormPLace", "Left", "0");
-  const std::string top = platform.ReadSetting("FormPLace", "Top", "100");
-  const std::string baud = platform.ReadSetting("CPort", "Baud", "9600");
-  const std::string port = platform.ReadSetting("CPort", "CP", "1");
-  const std::string database = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
   w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", kNoHome));
   w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", kNoHome));
   if (w.Lat < kHomeLimit && w.Lon < kHomeLimit) RestoreHome(w);
 
-  SetUpCom::Load(w);
-  w.SetUpCom.CPort.text = port;
-  w.SetUpCom.Baud.text = baud;
+  SetUpCom::Form_Load(w);
+  w.SetUpCom.CPort.text = platform.ReadSetting("CPort", "CP", "1");
+  w.SetUpCom.Baud.text = platform.ReadSetting("CPort", "Baud", "9600");
 
-  main.top = ToSingle(TextToNumber(top));
-  main.left = ToSingle(TextToNumber(left));
+  main.top = ToSingle(TextToNumber(platform.ReadSetting("FormPLace", "Top", "100")));
+  main.left = ToSingle(TextToNumber(platform.ReadSetting("FormPLace", "Left", "0")));
   main.height = kLookupHeight;
   w.BearingCalc.left = ToSingle(main.width * 0.8 + main.left);
   w.BearingCalc.top = main.top - 2000;
   w.BearingCalc.loaded = true;
 
-  main.LocDatabase.text = database;
+  main.LocDatabase.text = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
   w.RealTime = kFalse;
   main.UseNMEA.caption = kRealTimeCaption;
-  LookForMaps(w);
+  main.OSMap.enabled = platform.ContainsFile(w.MapPath, ".jpg");
   main.loaded = true;
   main.visible = true;
 }
 
 void Form_Unload(Workspace& w) {
   Platform& platform = w.platform;
-  if (platform.Serial().IsOpen()) platform.Serial().Close();
-  const std::string left = NumberToText(w.Tarnwick.left);
-  const std::string top = NumberToText(w.Tarnwick.top);
-  platform.StoreSetting("FormPLace", "Left", left);
-  platform.StoreSetting("FormPLace", "Top", top);
+  platform.Serial().Close();
+  platform.StoreSetting("FormPLace", "Left", NumberToText(w.Tarnwick.left));
+  platform.StoreSetting("FormPLace", "Top", NumberToText(w.Tarnwick.top));
   platform.StoreSetting("CPort", "Baud", w.SetUpCom.Baud.text);
   platform.StoreSetting("CPOrt", "CP", w.SetUpCom.CPort.text);
   platform.StoreSetting("LocDB", "DB", w.Tarnwick.LocDatabase.text);

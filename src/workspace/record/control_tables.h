@@ -15,15 +15,16 @@ struct NamedControl {
   Control Record::*member;
 };
 template <class Record, class Control>
-constexpr NamedControl<Record, Control> MakeNamed(const char* name, Control Record::*member) {
-  return {name, member};
-}
+NamedControl(const char*, Control Record::*) -> NamedControl<Record, Control>;
 
 // The table of a window, a tuple of NamedControl.
 template <class Record>
 inline constexpr auto kControlsOf = std::tuple{};
 
-#define CONTROL(name) MakeNamed(#name, &Record::name)
+#define CONTROL(name)    \
+  NamedControl {         \
+#name, &Record::name \
+  }
 
 template <>
 inline constexpr auto kControlsOf<MainWindow> = [] {

@@ -33,9 +33,7 @@ struct TextBox {
 };
 
 // A text of several lines.
-struct TextArea : TextBox {
-  bool operator==(const TextArea&) const = default;
-};
+struct TextArea : TextBox {};
 
 // A text that the user cannot edit or select.
 struct Label {
@@ -48,7 +46,7 @@ struct Label {
 
 // A push button.
 struct Button {
-  std::string caption{};  // & stands before the letter of the access key
+  std::string caption{};  // & precedes the letter of the access key
   Colour back{};
   bool enabled = true;
   bool visible = true;
@@ -104,7 +102,7 @@ struct DrawOperation {
 // A picture, as the list of operations that draw it.
 struct PictureBox {
   Colour back{};
-  std::vector<DrawOperation> operations{};  // since the last Cls
+  std::vector<DrawOperation> operations{};  // in the order of drawing
   bool visible = true;
   bool operator==(const PictureBox&) const = default;
 };

@@ -1,5 +1,5 @@
-// Append-only list of short texts, packed into pages: a lookup may find millions. A vector of
-// strings takes twice the memory and a third more time.
+// Append-only list of short texts, packed into pages because a lookup may find millions. A vector
+// of strings takes twice the memory and a third more time.
 #pragma once
 
 #include <array>

@@ -1,13 +1,12 @@
 // The four windows as plain data. The initialisers are the state of a fresh window. Commands read
-// and write the fields directly; after each user action the platform shows what changed. A caption
-// with no other meaning needs no comment.
+// and write the fields directly; after each user action the platform shows what changed.
 #pragma once
 
 #include <string>
 
 #include "workspace/record/controls.h"
 
-// What every window has.
+// The fields that all windows have.
 struct Window {
   std::string caption{};        // title
   float left = 0, top = 0;      // position of its frame, twips (1/1440 inch)
@@ -64,7 +63,7 @@ struct MainWindow : Window {
   Label Label4{.caption = "WGS84", .fore = Rgb{0, 0, 192}};
   Label BaseLocLbl{.fore = Rgb{192, 0, 0}, .back = Rgb{255, 192, 255}};  // banner with the home station
   CheckBox SaveOnExit{.caption = "Save Base on Exit"};
-  // Visible in the listing layout only, but for Label13.
+  // Visible in the listing layout only, except Label13.
   Label Label10{.caption = "Restrict printout for distance / bearing limits, or part of site name", .fore = Rgb{192, 64, 0}, .visible = false};
   Label Label3{.caption = "Min Distance", .visible = false};
   TextBox MinDisttext{.text = "0", .visible = false};  // km

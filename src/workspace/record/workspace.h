@@ -3,18 +3,27 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/platform.h"
-#include "workspace/record/database_handle.h"
 #include "workspace/record/window_state.h"
 #include "workspace/values/untyped_value.h"
 
 // Title of message boxes, and the name under which settings are stored.
 inline constexpr const char* kProgramTitle = "Tarnwick";
 
-// The folder of the map images, which are named by their 10 km square, such as TQ37.JPG.
-inline constexpr const char* kMapPath = "c:\\OS_Maps\\";
+// The open site database and the part of it that is in memory, for sites/database/line_reader.h.
+struct DatabaseHandle {
+  std::unique_ptr<File> file;  // null: closed
+  std::vector<char> buffer;
+  std::size_t readStart = 0;  // where in `buffer` each block of the file is stored
+  std::size_t cursor = 0;     // the unread bytes are buffer[cursor, limit)
+  std::size_t limit = 0;
+  bool skipLineFeed = false;  // the last line ended in CR; skip a following LF
+  bool failed = false;        // a read failed
+};
 
 struct Workspace {
   explicit Workspace(Platform& platformOfRun) : platform(platformOfRun) {}
@@ -48,7 +57,8 @@ struct Workspace {
   bool FollowsReceiver = false;    // a port was opened for real-time mode; it may be lost by now
   std::int32_t ListLeft = 0;       // twips, position of the Results window when it was last closed
   std::int32_t ListTop = 0;        // twips
-  std::string MapPath = kMapPath;  // folder of the map images
+  // Folder of the map images, which are named by their 10 km square, such as TQ37.JPG.
+  std::string MapPath = "c:\\OS_Maps\\";
 
   DatabaseHandle database;
 

@@ -9,5 +9,5 @@ struct Decimal {
   int exponent = 0;
 };
 
-// Returns the size of a finite number in exactly `significant` digits, 17 at most.
+// Returns the absolute value of a finite number in exactly `significant` digits, 17 at most.
 Decimal DecimalOf(double size, int significant);

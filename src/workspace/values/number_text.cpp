@@ -13,14 +13,14 @@
 
 namespace {
 
-// The digit that stands for 10^power.
+// The digit whose place value is 10^power.
 char DigitAt(const Decimal& decimal, int power) {
   const int index = decimal.exponent - power;
   if (index < 0 || index >= static_cast<int>(decimal.digits.size())) return '0';
   return decimal.digits[static_cast<std::size_t>(index)];
 }
 
-// The text of a number of at most `significant` digits, with an exponent where it would need more
+// The text of a number of at most `significant` digits, with an exponent if it would need more
 // than that many places on either side of the point.
 std::string PlainText(double number, int significant) {
   number = Finite(number);
@@ -43,7 +43,8 @@ std::string PlainText(double number, int significant) {
   return text;
 }
 
-// The number of a text of 1 to 15 digits, which a double holds exactly; nothing for other texts.
+// The number of a text of 1 to 15 digits, which a double represents exactly; nothing for other
+// texts.
 std::optional<double> ShortWholeNumber(std::string_view text) {
   if (text.empty() || text.size() > 15) return {};
   std::int64_t number = 0;
@@ -54,7 +55,7 @@ std::optional<double> ShortWholeNumber(std::string_view text) {
   return static_cast<double>(number);
 }
 
-// A text is read from its front; blanks, tabs and line feeds count as not there.
+// Blanks, tabs and line feeds do not count, even between digits.
 void SkipBlanks(std::string_view& rest) {
   const std::size_t at = rest.find_first_not_of(" \t\n");
   rest.remove_prefix(std::min(at, rest.size()));
@@ -69,7 +70,7 @@ void Next(std::string_view& rest) {
   SkipBlanks(rest);
 }
 
-// The digits behind &H or &O.
+// Reads the rest of a hexadecimal or octal number, from the letter H or O on; 0 for other letters.
 double RadixNumber(std::string_view rest) {
   const char letter = UpperOf(Front(rest));
   const int radix = letter == 'H' ? 16 : letter == 'O' ? 8 : 0;
@@ -83,8 +84,8 @@ double RadixNumber(std::string_view rest) {
   }
 }
 
-// Reads an exponent such as E12 or d-3 if a digit stands in it, saturating far outside the range of
-// a double; 0 otherwise.
+// Reads an exponent such as E12 or d-3; 0 if there is none. A large exponent saturates far outside
+// the range of a double.
 int Exponent(std::string_view rest) {
   constexpr int kBeyond = 2'000'000'000;
   if (UpperOf(Front(rest)) != 'E' && UpperOf(Front(rest)) != 'D') return 0;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// The digits of size * 10^places, rounded to a whole number as AppendPicture says; empty for 0.
+// The digits of size * 10^places, rounded to a whole number as PutPicture rounds; empty for 0.
 std::string ExactDigits(double size, int places) {
   Decimal decimal = DecimalOf(size, 15);
   const int kept = decimal.exponent + 1 + places;
@@ -46,8 +46,9 @@ std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places)
   return static_cast<std::uint32_t>(whole + static_cast<int>(fraction > 0.5));
 }
 
-// Two sources of digits, the last one first, with zeros in front of them: a number and a text.
-// PlacesFrom returns the number of digits, but at least `least`.
+// Two sources of decimal digits, a number and a text. Both supply the last digit first, and zeros
+// after the first digit has been dropped. PlacesFrom returns the number of digits, but at least
+// `least`.
 struct NumberDigits {
   std::uint32_t number;
   bool IsZero() const { return number == 0; }
@@ -92,7 +93,7 @@ void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
   for (const char c : picture.tail) *end++ = c;
 }
 
-// PutPicture by way of the 15 significant digits.
+// PutPicture for any number: writes the 15 significant digits first and rounds that text.
 [[gnu::noinline]] void PutExactly(std::string& text, std::size_t at, double number,
                                   const Picture& picture) {
   number = Finite(number);

@@ -8,8 +8,8 @@
 
 // The parts of a picture such as "##0.0" or "0.00km / ": a literal head, places of the whole part,
 // optionally a point and places of the fraction, a literal tail. `0` always prints a digit, `#`
-// only a digit other than a leading or trailing zero. All whole digits are printed, however few the
-// places.
+// only a digit other than a leading or trailing zero. All whole digits are printed, even if there
+// are fewer places.
 struct Picture {
   std::string_view head, tail;
   std::size_t wholeZeros = 0;  // whole digits printed even if 0

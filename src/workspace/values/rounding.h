@@ -17,7 +17,8 @@ Integer Saturated(double whole) {
   return static_cast<Integer>(whole);
 }
 
-// Returns a finite number itself, for an infinity the largest finite number of its sign.
+// Returns the number if it is finite, the largest finite number of its sign if it is infinite, and
+// 0 for NaN.
 inline double Finite(double number) {
   constexpr double kLargest = std::numeric_limits<double>::max();
   if (std::isnan(number)) return 0;

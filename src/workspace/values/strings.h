@@ -59,6 +59,6 @@ inline char CharOf(int code) {
 // Returns `count` blanks; none for a count below 1.
 std::string Blanks(int count);
 
-// Writes `item` over the characters of `text` from index `at` on, counted from 0. What would lie
-// beyond the end of `text` is left out.
+// Writes `item` over the characters of `text` from index `at` on, counted from 0. Characters that
+// would lie beyond the end of `text` are dropped.
 void OverwriteAt(std::string& text, std::size_t at, std::string_view item);

@@ -7,7 +7,7 @@
 inline constexpr std::int16_t kTrue = -1;
 inline constexpr std::int16_t kFalse = 0;
 
-// A number or a truth value, or empty, as at first. Empty converts to 0.
+// A number, a truth value, or empty, which is the initial state. Empty converts to 0.
 struct UntypedValue {
   double number = 0;
   bool empty = true;

@@ -11,40 +11,32 @@
 
 namespace {
 
-// xdg-open may run as long as its viewer; an error after this time is the viewer's own affair.
-constexpr std::chrono::seconds kWatchTime(10);
-
-// The path or address of a command line; the logic writes two blanks behind "/c".
-std::string TargetOf(const std::string& command) {
-  for (const std::string_view prefix : {"Notepad.exe ", "cmd /c  start "})
-    if (command.compare(0, prefix.size(), prefix) == 0) return command.substr(prefix.size());
-  return command;
-}
-
-void CallOnFailure(QProcess& viewer, const std::function<void()>& onFailure) {
-  QElapsedTimer sinceStart;
-  sinceStart.start();
-  const auto onEnd = [sinceStart, onFailure](int exitCode, QProcess::ExitStatus status) {
-    const bool failed = exitCode != 0 || status != QProcess::NormalExit;
-    if (failed && onFailure && std::chrono::milliseconds(sinceStart.elapsed()) < kWatchTime) onFailure();
-  };
-  QObject::connect(&viewer, &QProcess::finished, &viewer, onEnd);
-}
+// xdg-open may run as long as its viewer. Only an error within this time means that it could not
+// show the file; a later one comes from the viewer.
+constexpr std::chrono::milliseconds kWatchTime(10'000);
 
 }  // namespace
 
 bool StartProgram(const std::string& command, WindowStyle /*style*/,
                   const std::function<void()>& onFailure) {
-  std::string target = TargetOf(command);
-  // An absolute path, so that no file name is taken for an option.
+  std::string target = command;
+  for (const std::string_view start : {"Notepad.exe ", "cmd /c  start "})
+    if (target.starts_with(start)) target.erase(0, start.size());
+  // An absolute path, so that xdg-open takes no file name for an option.
   std::error_code error;
-  if (target.compare(0, 8, "https://") != 0)
+  if (!target.starts_with("https://"))
     target = std::filesystem::absolute(PathToRead(target), error).string();
-  // Deletes itself when the viewer ends. It has no owner, because deleting it earlier, at the end
-  // of this program, would kill the viewer.
+  // Deleted when the viewer ends. It has no owner, because an owner would delete it at the end of
+  // this program, which would kill the viewer.
   auto* viewer = new QProcess;
-  QObject::connect(viewer, &QProcess::finished, viewer, &QObject::deleteLater);
-  CallOnFailure(*viewer, onFailure);
+  QElapsedTimer sinceStart;
+  sinceStart.start();
+  const auto onEnd = [viewer, sinceStart, onFailure](int exitCode, QProcess::ExitStatus status) {
+    viewer->deleteLater();
+    const bool failed = exitCode != 0 || status != QProcess::NormalExit;
+    if (failed && onFailure && sinceStart.elapsed() < kWatchTime.count()) onFailure();
+  };
+  QObject::connect(viewer, &QProcess::finished, viewer, onEnd);
   viewer->setProgram("xdg-open");
   viewer->setArguments({QString::fromStdString(target)});
   viewer->setStandardInputFile(QProcess::nullDevice());

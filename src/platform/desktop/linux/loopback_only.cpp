@@ -1,6 +1,6 @@
-// Loaded ahead of the program where its windows are shown over VNC: Qt's VNC server would listen on
-// every address of the machine, without a password. With this a server that asks for any address
-// gets the loopback address.
+// A library for LD_PRELOAD, used when the program shows its windows over VNC: Qt's VNC server would
+// listen on every address of the machine, without a password. This bind() replaces "any address" by
+// the loopback address.
 #include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -19,7 +19,7 @@ extern "C" int bind(int socket, const sockaddr* address, socklen_t length) noexc
   if (address->sa_family == AF_INET6 && length >= sizeof(sockaddr_in6)) {
     sockaddr_in6 v6{};
     std::memcpy(&v6, address, sizeof v6);
-    // 127.0.0.1 as a mapped address: the socket serves both families.
+    // 127.0.0.1 as an IPv4-mapped address, because the socket serves both families.
     constexpr unsigned char kLoopback[16] = {0, 0, 0,    0,    0,   0, 0, 0,
                                              0, 0, 0xFF, 0xFF, 127, 0, 0, 1};
     if (IN6_IS_ADDR_UNSPECIFIED(&v6.sin6_addr)) std::memcpy(&v6.sin6_addr, kLoopback, 16);

@@ -1,24 +1,21 @@
 #include "platform/desktop/serial_device.h"
 
-#include <signal.h>
 #include <sys/file.h>
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSerialPort>
 #include <cerrno>
-
-#include "platform/serial_settings.h"
+#include <csignal>
+#include <iterator>
 
 namespace {
 
-// More waiting characters stay in the system's queue.
+// Limit of Qt's read buffer in bytes; further characters wait in the system's queue.
 constexpr qint64 kReadBufferSize = 128;
 
-constexpr int kPortsPerFamily = 8;
-
-// Whether a running program has locked the device by a lock file in the old way, which contains its
-// process number and nothing else. Qt would remove that file as one that a crash left behind.
+// Whether a running program has locked the device with an old-style lock file, which contains its
+// process number and nothing else. Qt would take such a file for a leftover and remove it.
 bool IsLockedByFile(const QString& device) {
   QFile lock("/var/lock/LCK.." + QFileInfo(device).fileName());
   if (!lock.open(QIODevice::ReadOnly)) return false;
@@ -32,21 +29,16 @@ const char* const kDeviceFolder = "/dev";
 
 QString DeviceOf(int port, const QString& folder) {
   static constexpr const char* kFamilies[] = {"ttyS", "ttyUSB", "ttyACM", "rfcomm"};
-  static constexpr struct {
-    int port;
-    const char* name;
-  } kBoardPorts[] = {{7, "ttyAMA0"}, {8, "serial0"}};
-  if (port < 1 || port > kHighestPort) return {};
+  constexpr int kPortsPerFamily = 8;
+  if (port < 1 || port > kPortsPerFamily * std::ssize(kFamilies)) return {};
   const int index = port - 1;
-  const QString device = QString("%1/%2%3")
-                             .arg(folder, kFamilies[index / kPortsPerFamily])
-                             .arg(index % kPortsPerFamily);
-  for (const auto& board : kBoardPorts) {
-    const QString boardDevice = folder + "/" + board.name;
-    if (board.port == port && !QFileInfo::exists(device) && QFileInfo::exists(boardDevice))
-      return boardDevice;
-  }
-  return device;
+  QString device = QString("%1/%2%3")
+                       .arg(folder, kFamilies[index / kPortsPerFamily])
+                       .arg(index % kPortsPerFamily);
+  const bool hasBoardName = port == 7 || port == 8;
+  if (!hasBoardName || QFileInfo::exists(device)) return device;
+  const QString boardDevice = folder + (port == 7 ? "/ttyAMA0" : "/serial0");
+  return QFileInfo::exists(boardDevice) ? boardDevice : device;
 }
 
 struct SerialDevice::System {
@@ -58,8 +50,8 @@ SerialDevice::SerialDevice(const std::function<void()>& onData)
   QSerialPort& port = system_->port;
   port.setReadBufferSize(kReadBufferSize);
   QObject::connect(&port, &QSerialPort::readyRead, &port, onData);
-  // A device that was unplugged or hung up would report its error without end. Other errors, such
-  // as control lines that a pseudo terminal lacks, do not close the port.
+  // A device that was unplugged or hung up would report its error again and again. Other errors,
+  // such as control lines that a pseudo terminal lacks, do not close the port.
   QObject::connect(&port, &QSerialPort::errorOccurred, &port,
                    [this](QSerialPort::SerialPortError error) {
                      if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError)
@@ -96,6 +88,6 @@ std::string SerialDevice::Read() {
 
 void SerialDevice::Discard() {
   if (!IsOpen()) return;
-  system_->port.readAll();  // makes a port report again whose read buffer was full
+  system_->port.readAll();  // a full read buffer stops the reports of new characters
   system_->port.clear(QSerialPort::Input);
 }

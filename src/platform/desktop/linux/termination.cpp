@@ -12,22 +12,12 @@ namespace {
 
 int pipeEnds[2] = {-1, -1};
 
-// Wakes the event loop. Few calls are allowed in a signal handler; write is one.
+// Wakes the event loop through a pipe: write is one of the few calls allowed in a signal handler.
 void OnSignal(int /*signal*/) {
   const int errorOfInterruptedCode = errno;
   const char mark = 0;
   [[maybe_unused]] const ssize_t written = write(pipeEnds[1], &mark, 1);
   errno = errorOfInterruptedCode;
-}
-
-// SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
-void InstallHandler(int signal) {
-  struct sigaction action {};
-  action.sa_handler = OnSignal;
-  action.sa_flags = SA_RESTART;
-  if (signal == SIGINT) action.sa_flags |= static_cast<int>(SA_RESETHAND);
-  sigemptyset(&action.sa_mask);
-  sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
@@ -40,5 +30,13 @@ void OnTermination(const std::function<void()>& end) {
     notifier->setEnabled(false);
     end();
   });
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) InstallHandler(signal);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action {};
+    action.sa_handler = OnSignal;
+    action.sa_flags = SA_RESTART;
+    // SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
+    if (signal == SIGINT) action.sa_flags |= static_cast<int>(SA_RESETHAND);
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+  }
 }

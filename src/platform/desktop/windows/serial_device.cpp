@@ -11,7 +11,7 @@ namespace {
 // drivers of unplugged devices make such a wait endless.
 constexpr std::chrono::milliseconds kPollInterval(20);
 
-// Bytes that the system keeps for the program: a minute of a receiver at 9600 baud.
+// Size of the system's receive queue in bytes: a minute of a receiver at 9600 baud.
 constexpr DWORD kQueueSize = 65536;
 
 bool SetUp(HANDLE port, int speed) {
@@ -26,7 +26,7 @@ bool SetUp(HANDLE port, int speed) {
   line.fParity = line.fNull = line.fErrorChar = line.fAbortOnError = FALSE;
   line.fOutxCtsFlow = line.fOutxDsrFlow = line.fDsrSensitivity = FALSE;
   line.fOutX = line.fInX = FALSE;
-  // Some receivers take their power from these two.
+  // Some receivers take their power from these two lines.
   line.fDtrControl = DTR_CONTROL_ENABLE;
   line.fRtsControl = RTS_CONTROL_ENABLE;
   COMMTIMEOUTS returnAtOnce{};

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Windows sends the message to each window of the program, once all programs have agreed to the end
-// of the session, and may end the process after the last answer.
+// Windows sends WM_ENDSESSION to each window of the program, after all programs have agreed to the
+// end of the session, and may end the process once the last window has answered.
 struct EndOfSession : QAbstractNativeEventFilter {
   explicit EndOfSession(std::function<void()> onEnd) : end(std::move(onEnd)) {}
 

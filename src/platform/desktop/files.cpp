@@ -1,7 +1,8 @@
-#include "platform/desktop/clean_path.h"
+#include "platform/desktop/files.h"
 
 #include <QDir>
 #include <QUrl>
+#include <system_error>
 
 #include "platform/desktop/qt_text.h"
 
@@ -13,4 +14,15 @@ std::string CleanPath(const std::string& path) {
   if (text.startsWith("file://", Qt::CaseInsensitive)) text = QUrl(text).toLocalFile();
   if (text.startsWith("~/")) text = QDir::homePath() + text.mid(1);
   return FromQt(text);
+}
+
+std::filesystem::path PathToWrite(const std::string& path) {
+  return PlacesOf(path).front();
+}
+
+std::filesystem::path PathToRead(const std::string& path) {
+  std::error_code error;
+  for (const std::filesystem::path& place : PlacesOf(path))
+    if (std::filesystem::exists(place, error)) return place;
+  return PathToWrite(path);
 }
