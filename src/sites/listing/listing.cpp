@@ -24,7 +24,8 @@ void Flush(ListingFile& out) {
 }
 
 void EndLine(ListingFile& out) {
-  out.pending += "\r\n";
+  out.pending += '\r';
+  out.pending += '\n';
   if (out.pending.size() >= kWriteSize) Flush(out);
 }
 

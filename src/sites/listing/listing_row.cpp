@@ -83,6 +83,9 @@ void AppendRow(std::string& text, const ListingRow& row) {
   const auto put = [&](std::size_t column, std::string_view item) {
     OverwriteAt(text, start + column - 1, item);
   };
+  const auto putUnit = [&](std::size_t column, std::string_view unit) {
+    unit.copy(text.data() + start + column - 1, unit.size());
+  };
   const auto putNumber = [&](std::size_t column, double value, const Picture& picture) {
     PutPicture(text, start + column - 1, value, picture);
   };
@@ -91,7 +94,7 @@ void AppendRow(std::string& text, const ListingRow& row) {
   put(kGridReferenceColumn, row.gridReference);
   putNumber(kBearingColumn, row.figures.bearing, kTenths);
   putNumber(kBackbearingColumn, row.figures.backbearing, kBracketedTenths);
-  put(kDegreesColumn, "deg");
+  putUnit(kDegreesColumn, "deg");
   putNumber(kDistanceColumn, row.figures.distance, kTenths);
-  put(kKilometresColumn, "km");
+  putUnit(kKilometresColumn, "km");
 }

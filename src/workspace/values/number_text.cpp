@@ -1,130 +1,17 @@
 #include "workspace/values/number_text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
 #include <system_error>
 
+#include "workspace/values/decimal.h"
 #include "workspace/values/rounding.h"
 #include "workspace/values/strings.h"
 
 namespace {
-
-// A number as decimal digits d.ddd x 10^exponent, with at most 17 of them.
-struct Decimal {
-  std::string digits;
-  int exponent = 0;
-};
-
-// The absolute value of a finite number in exactly `significant` digits.
-Decimal DecimalOf(double size, int significant) {
-  std::array<char, 32> text{};
-  const auto written = std::to_chars(text.data(), text.data() + text.size(), size,
-                                     std::chars_format::scientific, significant - 1);
-  Decimal decimal;
-  const char* at = text.data();
-  for (; *at != 'e'; ++at)
-    if (IsDigit(*at)) decimal.digits += *at;
-  ++at;
-  if (*at == '+') ++at;
-  std::from_chars(at, written.ptr, decimal.exponent);
-  return decimal;
-}
-
-// The digits of size * 10^places, rounded to a whole number as PutPicture rounds; empty for 0.
-std::string ExactDigits(double size, int places) {
-  Decimal decimal = DecimalOf(size, 15);
-  const int kept = decimal.exponent + 1 + places;
-  if (kept < 0) return {};
-  const auto keep = static_cast<std::size_t>(kept);
-  std::string& digits = decimal.digits;
-  const bool up = keep < digits.size() && digits[keep] >= '5';
-  digits.resize(keep, '0');
-  if (up) {
-    std::size_t at = keep;
-    while (at > 0 && digits[at - 1] == '9') digits[--at] = '0';
-    if (at > 0)
-      ++digits[at - 1];
-    else
-      digits.insert(0, 1, '1');
-  }
-  digits.erase(0, digits.find_first_not_of('0'));
-  return digits;
-}
-
-// size * 10^places, rounded to a whole number; nothing if it is large or so close to a tie that the
-// cut to 15 significant digits, which moves it by at most 5e-15 of its size, could matter.
-std::optional<std::uint32_t> RoundIfUnambiguous(double size, std::size_t places) {
-  static constexpr double kPowersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
-  constexpr double kMargin = 1e-13;
-  if (places >= std::size(kPowersOfTen)) return {};
-  const double scaled = size * kPowersOfTen[places];
-  if (!(scaled < 2e9)) return {};
-  const auto whole = static_cast<std::int32_t>(scaled);
-  const double fraction = scaled - whole;
-  if (std::fabs(fraction - 0.5) <= scaled * kMargin) return {};
-  return static_cast<std::uint32_t>(fraction > 0.5 ? whole + 1 : whole);
-}
-
-std::size_t DigitCount(std::uint32_t number) {
-  static constexpr std::uint32_t kPowersOfTen[] = {
-      1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
-  std::size_t count = 0;
-  while (count < std::size(kPowersOfTen) && number >= kPowersOfTen[count]) ++count;
-  return count;
-}
-
-// Two sources of decimal digits, a number and a text. Both supply the last digit first, and zeros
-// after the first digit has been dropped.
-struct NumberDigits {
-  std::uint32_t number;
-  std::size_t Count() const { return DigitCount(number); }
-  char Last() const { return static_cast<char>('0' + number % 10); }
-  void DropLast() { number /= 10; }
-};
-struct TextDigits {
-  std::string_view text;
-  std::size_t Count() const { return text.size(); }
-  char Last() const { return text.empty() ? '0' : text.back(); }
-  void DropLast() { text.remove_suffix(text.empty() ? 0 : 1); }
-};
-
-// Writes a rounded number as PutPicture does: `digits` down to the last fraction place.
-template <class Digits>
-void PutDigits(std::string& text, std::size_t at, bool minus, Digits digits,
-               const Picture& picture) {
-  const std::size_t count = digits.Count();
-  minus = minus && count > 0;
-  std::size_t places = picture.fractionPlaces;
-  const std::size_t wholePlaces = std::max(count, places + picture.wholeZeros) - places;
-  for (; places > picture.fractionZeros && digits.Last() == '0'; --places) digits.DropLast();
-  const std::size_t numberLength = wholePlaces + (picture.point ? 1 : 0) + places;
-  const std::size_t length =
-      (minus ? 1 : 0) + picture.head.size() + numberLength + picture.tail.size();
-  if (text.size() < at + length) text.resize(at + length);
-
-  char* to = text.data() + at;
-  if (minus) *to++ = '-';
-  for (const char c : picture.head) *to++ = c;
-  char* end = to + numberLength;
-  char* digit = end;
-  for (; places > 0; --places, digits.DropLast()) *--digit = digits.Last();
-  if (picture.point) *--digit = '.';
-  for (; digit != to; digits.DropLast()) *--digit = digits.Last();
-  for (const char c : picture.tail) *end++ = c;
-}
-
-// PutPicture for any number: writes the 15 significant digits first and rounds that text.
-[[gnu::noinline]] void PutExactly(std::string& text, std::size_t at, double number,
-                                  const Picture& picture) {
-  number = Finite(number);
-  const std::string digits =
-      ExactDigits(std::fabs(number), static_cast<int>(picture.fractionPlaces));
-  PutDigits(text, at, number < 0, TextDigits{digits}, picture);
-}
 
 // The digit whose place value is 10^power.
 char DigitAt(const Decimal& decimal, int power) {
@@ -253,20 +140,6 @@ std::string ReadDigits(std::string_view& rest, int& power) {
 }
 
 }  // namespace
-
-void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture) {
-  const auto rounded = RoundIfUnambiguous(std::fabs(number), picture.fractionPlaces);
-  if (rounded)
-    PutDigits(text, at, number < 0, NumberDigits{*rounded}, picture);
-  else
-    PutExactly(text, at, number, picture);
-}
-
-std::string FormatPicture(double number, std::string_view picture) {
-  std::string text;
-  PutPicture(text, 0, number, PictureOf(picture));
-  return text;
-}
 
 std::string FormatDate(std::chrono::year_month_day date, std::string_view picture) {
   std::string text(picture);

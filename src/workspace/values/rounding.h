@@ -28,13 +28,14 @@ inline double Finite(double number) {
 // Returns the nearest single-precision number, finite. Window positions are stored in it.
 float ToSingle(double number);
 
-// Return the nearest integer; a tie goes to the even one. Inline, because a listing rounds often.
+// Return the nearest integer, for a tie the even one. Inline and without branches, since a listing
+// rounds often.
 inline std::int32_t RoundToInt32(double number) {
   if (!(std::fabs(number) < 0x1p30)) return Saturated<std::int32_t>(std::nearbyint(number));
   const auto whole = static_cast<std::int32_t>(number);
   const double fraction = number - whole;
   const double half = whole % 2 == 0 ? 0.5 : 0x1.fffffffffffffp-2;  // odd: a tie exceeds it
-  return fraction > half ? whole + 1 : fraction < -half ? whole - 1 : whole;
+  return whole + static_cast<int>(fraction > half) - static_cast<int>(fraction < -half);
 }
 inline std::int16_t RoundToInt16(double number) {
   constexpr std::int32_t kLeast = std::numeric_limits<std::int16_t>::min();
@@ -46,7 +47,7 @@ inline std::int16_t RoundToInt16(double number) {
 inline std::int16_t FloorToInt16(double number) {
   if (!(std::fabs(number) < 0x1p14)) return Saturated<std::int16_t>(std::floor(number));
   const auto whole = static_cast<std::int16_t>(number);
-  return number < whole ? static_cast<std::int16_t>(whole - 1) : whole;
+  return static_cast<std::int16_t>(whole - static_cast<int>(number < whole));
 }
 
 // Returns -1, 0 or 1.
