@@ -13,7 +13,8 @@ namespace {
 
 struct EndAtPaint : QObject {
   bool eventFilter(QObject* object, QEvent* event) override {
-    if (object->isWidgetType() && event->type() == QEvent::Paint) QTimer::singleShot(0, [] { std::_Exit(0); });
+    if (object->isWidgetType() && event->type() == QEvent::Paint)
+      QTimer::singleShot(0, [] { std::_Exit(0); });
     return false;
   }
 };

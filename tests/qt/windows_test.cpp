@@ -103,8 +103,7 @@ TEST_F(Windows, ShowAPlaceAHomeStationAndABearing) {
   Type("NN166712");
   Enter();
   EXPECT_EQ(TextOf("BearText", &Pointing()), "333.5");
-  const auto* compass =
-      QAccessible::queryAccessibleInterface(Find<QWidget>("C", &Pointing()));
+  const auto* compass = QAccessible::queryAccessibleInterface(Find<QWidget>("C", &Pointing()));
   EXPECT_EQ(compass->role(), QAccessible::Graphic);
   EXPECT_EQ(compass->text(QAccessible::Name), "Bearing 333.5 degrees");
   Pointing().close();
@@ -427,8 +426,8 @@ TEST_F(Windows, PickAnEntryByADoubleClick) {
   }
 }
 
-// A text that Enter would make the home's name is never selected, however the box got the focus; the
-// first arrow key has selected the first entry.
+// A text that Enter would make the home's name is never selected, however the box got the focus;
+// the first arrow key has selected the first entry.
 TEST_F(Windows, LeaveThePickedPlaceUnselected) {
   QFile::copy(TARNWICK_SAMPLE, home_.filePath("data/tarnwick/drive_c/geog/Sites.dat"));
   auto* input = Find("InputText");
@@ -609,7 +608,8 @@ TEST_F(Windows, OpenThePortByEnter) {
   EXPECT_NE(message->placeholderText(), "");
   QTest::keyClick(Find<QComboBox>("CPort", &PortSetUp())->lineEdit(), Qt::Key_Return);
   EXPECT_EQ(message->toPlainText(), "COM PORT FAIL");
-  EXPECT_GE(PortSetUp().width(), PortSetUp().fontMetrics().horizontalAdvance(PortSetUp().windowTitle()) + 100);
+  EXPECT_GE(PortSetUp().width(),
+            PortSetUp().fontMetrics().horizontalAdvance(PortSetUp().windowTitle()) + 100);
   EXPECT_FALSE(PortSetUp().windowFlags() & Qt::WindowMinMaxButtonsHint);
 }
 

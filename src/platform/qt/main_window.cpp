@@ -54,8 +54,8 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   });
 }
 
-// The user can type the next place at once: it replaces the one that was used. But while Enter means
-// Set as Home, nobody must type over the place and make it a home under another name.
+// The user can type the next place at once: it replaces the one that was used. But while Enter
+// means Set as Home, nobody must type over the place and make it a home under another name.
 void MainWindowView::SelectInput() {
   IsHomeNext() ? InputText_->end(false) : InputText_->selectAll();
 }
