@@ -11,6 +11,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -505,6 +506,40 @@ TEST_F(Windows, KeepThePointingWindowClearOfTheMainWindow) {
     Click("SetHome");
     EXPECT_EQ(Pointing().pos(), main + QPoint(50, 50)) << "the user's place";
   }
+}
+
+// A name of any length is read in full.
+TEST_F(Windows, GrowTheBannerWithItsText) {
+  auto* banner = Find<QLabel>("BaseLocLbl");
+  const int line = banner->height();
+  program_->runner.Run([](Workspace& w) {
+    w.Tarnwick.BaseLocLbl.caption = "Home Station:";
+    for (int i = 0; i < 30; ++i) w.Tarnwick.BaseLocLbl.caption += " Great Hill";
+  });
+  QTest::qWait(1);
+  EXPECT_GT(banner->height(), 2 * line);
+  EXPECT_GE(Find<QWidget>("SaveOnExit")->y(), banner->geometry().bottom());
+  const QRect text = banner->fontMetrics().boundingRect(QRect(0, 0, banner->width(), 1000),
+                                                        Qt::TextWordWrap, banner->text());
+  EXPECT_GE(banner->height(), text.height());
+}
+
+// A notch of the wheel goes on by one column, half a notch by none.
+TEST_F(Windows, TurnTheResultsByColumns) {
+  program_->runner.Run([](Workspace& w) {
+    OpenResults(w);
+    for (int i = 0; i < 1'000; ++i) w.ShowList.PR.items.Add("IO91WM");
+  });
+  QTest::qWait(1);
+  auto* list = Find<QListView>("PR", &Results());
+  const auto turn = [list](int angle) {
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(list->viewport(), &wheel);
+    return list->horizontalScrollBar()->value();
+  };
+  EXPECT_EQ(turn(-60), 0);
+  EXPECT_EQ(turn(-60), 1);
+  EXPECT_EQ(turn(120), 0);
 }
 
 // Its figures keep their size, the compass takes the rest.

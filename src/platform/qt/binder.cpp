@@ -91,12 +91,9 @@ bool ShowsItems(const QComboBox& box, const std::vector<std::string>& items) {
 }  // namespace
 
 QPalette LightPalette() {
-  static const QPalette light = [] {
-    QPalette palette(QColor(240, 240, 240));
-    palette.setColor(QPalette::Window, QColor(250, 250, 250));
-    return palette;
-  }();
-  return light;
+  QPalette palette(QColor(240, 240, 240));
+  palette.setColor(QPalette::Window, QColor(250, 250, 250));
+  return palette;
 }
 
 void Binder::Bind(QWidget* widget, const char* name, const char* tip,
