@@ -19,7 +19,7 @@ inline constexpr std::size_t kBlockPadding = 128;
 
 // Reads the next line into `line`, without its line end (CR LF, or CR alone; a lone LF is an
 // ordinary character). The view is valid until the next call. Returns false at the end of the file
-// and after a read error; `database.failed` tells the two apart.
+// and after a read error; `database.failed` distinguishes the two.
 [[nodiscard]] bool ReadLine(DatabaseHandle& database, std::string_view& line);
 
 // Closes the handle; does nothing if the handle is closed.
