@@ -184,30 +184,6 @@ TEST(Receiver, KeepsTheNewestCharactersThroughAPause) {
   EXPECT_EQ(program.Box(), kShown);
 }
 
-// Sentences with characters changed, lost and inserted, and random characters.
-TEST(Receiver, StandsEveryStream) {
-  const std::string likely = "RMC,,,,\r0123456789.NSEWVA*$'\" \xB0";
-  Program program;
-  std::mt19937 random(20);
-  const auto below = [&](std::size_t n) { return random() % n; };
-  const auto anything = [&] { return static_cast<char>(below(256)); };
-  for (int i = 0; i < 40'000; ++i) {
-    std::string burst = kSentence;
-    if (i % 8 == 0) std::generate(burst.begin(), burst.end(), anything);
-    for (std::size_t k = below(9); k > 0; --k)
-      burst.replace(below(burst.size()), below(3), below(4),
-                    below(3) != 0 ? likely[below(likely.size())] : anything());
-    program.Feed(burst);
-    ASSERT_TRUE(std::isfinite(program.w.Lat) && std::isfinite(program.w.Lon)) << burst;
-    for (const TextBox* box : {&program.w.Tarnwick.InputText, &program.w.Tarnwick.LLText,
-                               &program.w.Tarnwick.LocText, &program.w.Tarnwick.NGRText})
-      ASSERT_LT(box->text.size(), 400U) << burst;
-  }
-  program.w.Tarnwick.InputText.text = "nothing";
-  for (int i = 0; i < 3; ++i) program.Feed(kSentence);
-  EXPECT_EQ(program.Box(), kShown) << "the third good sentence at the latest is used";
-}
-
 TEST(Receiver, ReadsSpeedsAsDigitsWithBlanksAround) {
   const struct {
     const char* text;
