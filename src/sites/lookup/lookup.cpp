@@ -21,7 +21,7 @@ void SearchDatabase(Workspace& w) {
     if (!BeginsWith(rest, sought) && !Matches(line, sought)) continue;
     isFull = entries.size() >= kMostEntries;
     if (isFull) break;
-    entries.Add(line.substr(0, kEntryLength));
+    entries.Add(line);
   }
   const bool failed = w.database.failed;
   CloseDatabase(w);
