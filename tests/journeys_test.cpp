@@ -56,7 +56,7 @@ void Replace(std::string& line, const std::string& mark, const std::string& text
 }
 
 std::vector<Block> ReadBlocks(const fs::path& file, const std::string& home) {
-  const std::string today = FormatDate(HeadlessPlatform().Today(), "YYYY/mm/dd");
+  const std::string today = FormatDate(HeadlessPlatform().Today());
   std::vector<Block> blocks;
   std::ifstream in(file);
   int lineNumber = 0;

@@ -100,14 +100,11 @@ bool IsWhollyOnGrid(const Rectangle& degrees) {
 // Returns the square that the letters of a grid reference name. Null if the square is not on the
 // grid, or if the place may lie outside it since not only digits follow.
 const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_view reference) {
-  constexpr auto kSide = static_cast<int>(kSquareSide);
-  int x = 0;
-  int y = 0;
-  SquareCorner(reference[0], reference[1], x, y);
+  const auto [x, y] = SquareCorner(reference[0], reference[1]);
   if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
   if (!std::all_of(reference.begin() + 2, reference.end(), IsDigit)) return nullptr;
-  const auto column = static_cast<std::size_t>(x / kSide);
-  const auto row = static_cast<std::size_t>(y / kSide);
+  const auto column = static_cast<std::size_t>(x / kSquareSide);
+  const auto row = static_cast<std::size_t>(y / kSquareSide);
   AcceleratedSquare& square = fast.letteredSquares[row * kGridColumns + column];
   if (square.polynomials == nullptr)
     CountRecord(fast.home, square, {1.0 * x, 1.0 * y, kSquareSide, kSquareSide},

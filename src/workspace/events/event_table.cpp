@@ -1,6 +1,6 @@
 #include "workspace/events/event_table.h"
 
-#include "geo/lat_long_display.h"
+#include "geo/lat_long.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "pointing/external_maps.h"
