@@ -1,11 +1,8 @@
 #include "geo/grid_reference.h"
 
-#include <algorithm>
-
 #include "geo/national_grid.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
-#include "workspace/values/strings.h"
 
 namespace {
 
@@ -75,6 +72,7 @@ GridPrecision PrecisionFor(double resolution) {
 
 void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution) {
   const std::string_view digits = ngr.substr(2);
+  // Half of the digits; a tie goes to the even number.
   const std::size_t half = digits.size() / 2 + (digits.size() % 4 == 3 ? 1 : 0);
   const int unit = UnitOf(half);
   const auto [squareEasting, squareNorthing] = SquareCorner(ngr[0], ngr[1]);
@@ -84,7 +82,7 @@ void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& 
 }
 
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
-  // The index of the northing; unlike the length in NGRToGrid, 2.5 is rounded up and 3.5 down.
+  // Where the northing begins: other than in NGRToGrid, 2.5 is rounded to 3, and 3.5 to 3.
   const std::size_t north = 2 + (ngr.size() - 2) / 2 + (ngr.size() % 4 == 3 ? 1 : 0);
   w.Tarnwick.OSMap.caption = ngr.substr(0, 3) + ngr[north];
   double easting = 0;
