@@ -176,7 +176,7 @@ void AcceleratedRow(benchmark::State& state) {
   SiteRecord record;
   std::string row;
   const Limits limits = LimitsOf(bench.w.Tarnwick);
-  ListingAccelerator fast = AcceleratorFor(bench.w, limits);
+  ListingAccelerator fast{limits, HomeStationAt(bench.w.BaseLat, bench.w.BaseLong)};
   for (auto _ : state) {
     row.clear();
     if (!ReadRecord(records.Next(), record)) state.SkipWithError("no record");

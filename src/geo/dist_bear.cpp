@@ -8,7 +8,7 @@
 namespace {
 
 constexpr double kPi = 3.141592653589;  // kDegreesPerRadian is 180 / kPi
-constexpr double kShareOfCell = 0.7;    // a position may be off by this part of its cell
+constexpr double kErrorInCells = 0.7;   // a position may be off by this part of its cell
 constexpr double kOneMetre = 0.001;     // km
 
 }  // namespace
@@ -54,8 +54,8 @@ void DistBear(Workspace& w) {
   w.DistUncert = 0;
   w.BearUncert = 0;
   if (distance < kOneMetre) return;
-  w.DistUncert = (w.Baseresolution + w.Resolution) * kShareOfCell;
-  w.BearUncert = (Arctangent(kShareOfCell * w.Resolution / distance) +
-                  Arctangent(kShareOfCell * w.Baseresolution / distance)) *
+  w.DistUncert = (w.Baseresolution + w.Resolution) * kErrorInCells;
+  w.BearUncert = (Arctangent(kErrorInCells * w.Resolution / distance) +
+                  Arctangent(kErrorInCells * w.Baseresolution / distance)) *
                  kDegreesPerRadian;
 }

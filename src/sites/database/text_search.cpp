@@ -20,7 +20,6 @@ namespace {
 constexpr std::size_t kBlock = 64;
 static_assert(2 * kBlock <= kBlockPadding);
 
-constexpr CharacterPair kAnywhere = {{{0, 0xFF, 0xFF}, {0, 0xFF, 0xFF}}};
 constexpr CharacterPair kReturn = {{{0, 0, '\r'}, {0, 0, '\r'}}};
 constexpr CharacterPair kTilde = {{{0, 0, '~'}, {0, 0, '~'}}};
 
@@ -47,20 +46,18 @@ std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
   return mask;
 }
 
-// The test for a capital and its small letters; the mask is the bits in which they differ.
+// The test for a capital; its small letter differs from it in the bits of the mask at most.
 CharacterTest TestFor(char capital, std::size_t index) {
   const auto code = static_cast<unsigned char>(capital);
-  CharacterTest test{index, 0, code};
-  for (std::size_t other = 0; other < kCapitals.size(); ++other)
-    if (kCapitals[other] == capital) test.mask |= static_cast<unsigned char>(other ^ code);
-  test.expected |= test.mask;
-  return test;
+  const bool isLetter = code >= 'A' && code <= 'Z';
+  const unsigned char mask = isLetter ? 0x20 : code < 0x80 ? 0 : 0x70;
+  return {index, mask, static_cast<unsigned char>(code | mask)};
 }
 
 // The tests for the two characters of a text that are rarest in names and remarks.
 CharacterPair RarestPairOf(std::string_view upper) {
   constexpr std::string_view kCommonFirst = " EAOTINRSLHDG1F0CM2U34B5W6P789KY~,.VZXQJ";
-  if (upper.empty()) return kAnywhere;
+  if (upper.empty()) return {{{0, 0xFF, 0xFF}, {0, 0xFF, 0xFF}}};  // anywhere
   std::vector<std::size_t> indices(std::min(upper.size(), kBlock));
   std::iota(indices.begin(), indices.end(), 0);
   std::stable_sort(indices.begin(), indices.end(), [&](std::size_t a, std::size_t b) {

@@ -14,16 +14,6 @@ namespace {
 // difference in longitude.
 enum : std::size_t { kX, kY, kCosArc, kSinLat, kCosLatSinDeltaLon };
 
-void AddSinesAndCosines(const HomeStation& home, double lat, double lon, FunctionValues& values) {
-  const double p2 = lat / kDegreesPerRadian;
-  const double deltaLon = (lon - home.lon) / kDegreesPerRadian;
-  const double sinLat = Sine(p2);
-  const double cosLat = Cosine(p2);
-  values[kCosArc] = home.sinLat * sinLat + cosLat * home.cosLat * Cosine(deltaLon);
-  values[kSinLat] = sinLat;
-  values[kCosLatSinDeltaLon] = cosLat * Sine(deltaLon);
-}
-
 using Four = std::array<double, 4>;
 
 // The angles, 0 to pi, of four points whose y is not negative, off by 5e-10 at most; NaN at the
@@ -87,13 +77,20 @@ LocalPolynomials PolynomialsOf(const HomeStation& home, const Rectangle& square,
                                CoordinateForm form) {
   return Interpolate(square, [&home, form](double x, double y) {
     FunctionValues values{};
+    double lat = y;
+    double lon = x;
     if (form == CoordinateForm::LonLat) {
-      WGS84ToGrid(y, x, values[kX], values[kY]);
-      AddSinesAndCosines(home, y, x, values);
+      WGS84ToGrid(lat, lon, values[kX], values[kY]);
     } else {
-      GridToWGS84(x, y, values[kY], values[kX]);
-      AddSinesAndCosines(home, values[kY], values[kX], values);
+      GridToWGS84(x, y, lat, lon);
+      values[kX] = lon;
+      values[kY] = lat;
     }
+    const double phi = lat / kDegreesPerRadian;
+    const double deltaLon = (lon - home.lon) / kDegreesPerRadian;
+    values[kCosArc] = home.sinLat * Sine(phi) + Cosine(phi) * home.cosLat * Cosine(deltaLon);
+    values[kSinLat] = Sine(phi);
+    values[kCosLatSinDeltaLon] = Cosine(phi) * Sine(deltaLon);
     return values;
   });
 }

@@ -10,18 +10,6 @@
 
 namespace {
 
-// The squares: those of the National Grid, and those of 2 by 1 degrees from the south-west corner
-// of IsSurelyOnGrid on.
-constexpr int kGridColumns = 7, kGridRows = 14;
-constexpr int kDegreeColumns = 5, kDegreeRows = 11;
-constexpr double kWest = -8, kSouth = 50, kNorth = 61;  // degrees
-
-// Whether a place is in a part of the box of IsInGridBox where all places are on the grid, which
-// ends at 50 N and, below 54 N, between 8 and 6 W.
-bool IsSurelyOnGrid(double lat, double lon) {
-  return IsInGridBox(lat, lon) && lat >= kSouth && lat < kNorth && (lat >= 54 || lon >= -6);
-}
-
 // Whether a value from 0 to 2^31 that is off by `error` at most could round differently.
 bool IsNearTie(double value, double error) {
   const double fraction = value - static_cast<std::int32_t>(value);
@@ -62,104 +50,84 @@ std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, doub
   return reference;
 }
 
-// Whether a place of a square may pass the limits of distance.
-bool MayBeListed(const HomeStation& home, const Limits& limits, CoordinateForm form,
-                 const Rectangle& over) {
+std::unique_ptr<AcceleratedSquare> MakeSquare(const ListingAccelerator& fast, CoordinateForm form,
+                                              const Rectangle& over) {
   constexpr double kRadius = 100;               // km, from the centre of any square to its corners
   constexpr double kHalfCircumference = 20015;  // km; an exact antipode can have the distance 0
-  const double x = over.x + over.width / 2;
-  const double y = over.y + over.height / 2;
-  double lat = y;
-  double lon = x;
-  if (form == CoordinateForm::EastingNorthing) GridToWGS84(x, y, lat, lon);
-  const double centre = DistanceAndBearingsOf(home, lat, lon).distance;
-  return centre + kRadius >= kHalfCircumference ||
-         (centre - kRadius <= limits.maximum && centre + kRadius >= limits.minimum);
+  auto square = std::make_unique<AcceleratedSquare>();
+  square->form = form;
+  square->polynomials = PolynomialsOf(fast.home, over, form);
+  const double centre = PlaceAt(fast.home, square->polynomials, form, over.x + over.width / 2,
+                                over.y + over.height / 2)
+                            .figures.distance;
+  square->isOutOfReach =
+      centre + kRadius < kHalfCircumference &&
+      (centre - kRadius > fast.limits.maximum || centre + kRadius < fast.limits.minimum);
+  return square;
 }
 
-std::vector<AcceleratedSquare> SquaresOf(const HomeStation& home, const Limits& limits,
-                                         CoordinateForm form, const Rectangle& first, int columns,
-                                         int rows) {
-  std::vector<AcceleratedSquare> squares;
-  for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < columns; ++column) {
-      const Rectangle over{first.x + column * first.width, first.y + row * first.height,
-                           first.width, first.height};
-      squares.push_back({form, over, MayBeListed(home, limits, form, over)});
-    }
-  }
-  return squares;
+// Returns the lettered square that a grid reference names; null if the square is not on the grid,
+// or if the place may lie outside it since not only digits follow the letters.
+const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_view reference) {
+  const auto [x, y] = SquareCorner(reference[0], reference[1]);
+  if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
+  for (const char c : reference.substr(2))
+    if (!IsDigit(c)) return nullptr;
+  constexpr auto kSide = static_cast<unsigned>(kSquareSide);
+  auto& square = fast.lettered[static_cast<unsigned>(y) / kSide][static_cast<unsigned>(x) / kSide];
+  if (!square)
+    square = MakeSquare(fast, CoordinateForm::EastingNorthing,
+                        {1.0 * x, 1.0 * y, kSquareSide, kSquareSide});
+  return square.get();
 }
 
-// A position as a reference states it, in the form of its square, and its accuracy in km.
-struct Position {
-  double x = 0, y = 0;
-  double resolution = 0;
-};
-
-// Returns the square of a record; null if it has none, or if the place of a grid reference may lie
-// outside its square since not only digits follow the letters. Computes the position of a locator;
-// that of a grid reference is not needed in a square that is too far.
-AcceleratedSquare* SquareOf(ListingAccelerator& fast, const SiteRecord& record,
-                            Position& position) {
-  const std::string& reference = record.position;
-  if (record.kind == kGridReference) {
-    const auto [x, y] = SquareCorner(reference[0], reference[1]);
-    if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
-    if (!std::all_of(reference.begin() + 2, reference.end(), IsDigit)) return nullptr;
-    return &fast.letteredSquares[static_cast<std::size_t>(y / kSquareSide * kGridColumns +
-                                                          x / kSquareSide)];
-  }
-  if (record.kind != kLocator || reference.size() % 2 != 0) return nullptr;
-  LocatorToWGS84(reference, position.y, position.x, position.resolution);
-  if (!IsSurelyOnGrid(position.y, position.x)) return nullptr;
-  const int column = static_cast<int>(position.x - kWest) / 2;
-  const int row = static_cast<int>(position.y - kSouth);
-  return &fast.degreeSquares[static_cast<std::size_t>(row * kDegreeColumns + column)];
-}
-
-// Does what TryFastRow does for a record of a square that may be listed.
-std::optional<bool> TryRowIn(AcceleratedSquare& square, const ListingAccelerator& fast,
-                             const SiteRecord& record, Position& position, std::string& text) {
-  const bool isGrid = square.form == CoordinateForm::EastingNorthing;
-  if (isGrid) NGRToGrid(record.position, position.x, position.y, position.resolution);
-  if (!square.polynomials)
-    square.polynomials =
-        std::make_unique<LocalPolynomials>(PolynomialsOf(fast.home, square.over, square.form));
-  const ApproximatePlace place =
-      PlaceAt(fast.home, *square.polynomials, square.form, position.x, position.y);
-  if (AreUncertain(place.figures, fast.limits)) return {};
-  if (!IsWithin(fast.limits, place.figures)) return false;
-  const std::string other = ReferenceOf(place, square.form, position.resolution);
-  if (other.empty()) return {};
-  AppendRow(text, record.name, isGrid ? other : record.position, isGrid ? record.position : other,
-            place.figures);
-  return true;
+// Returns the square of degrees that the first four characters of a locator name; null if the place
+// may lie outside it since a later character is out of range, or may have no grid reference.
+const AcceleratedSquare* DegreeSquareOf(ListingAccelerator& fast, std::string_view locator) {
+  constexpr std::string_view kFirst = "AA00AA00AA";
+  constexpr std::string_view kLast = "RR99XX99XX";
+  for (std::size_t i = 0; i < std::min(locator.size(), kLast.size()); ++i)
+    if (locator[i] < kFirst[i] || locator[i] > kLast[i]) return nullptr;
+  const int lon = (locator[0] - 'J') * 20 + (locator[2] - '0') * 2;
+  const int lat = (locator[1] - 'J') * 10 + (locator[3] - '0');
+  // Inside the box of IsInGridBox the grid ends at 50 N and, below 54 N, between 8 and 6 W.
+  if (lat < 50 || lat > 60 || lon < (lat < 54 ? -6 : -8)) return nullptr;
+  if (lon > 0 || (lon == 0 && locator[4] > 'U'))
+    return nullptr;  // U ends at 1.75 E, the box at 1.8
+  auto& square = fast.degrees[static_cast<unsigned>(lat - 50)][static_cast<unsigned>(lon + 8) / 2];
+  if (!square) square = MakeSquare(fast, CoordinateForm::LonLat, {1.0 * lon, 1.0 * lat, 2, 1});
+  return square.get();
 }
 
 }  // namespace
 
-ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits) {
-  const HomeStation home = HomeStationAt(w.BaseLat, w.BaseLong);
-  return {limits, home,
-          SquaresOf(home, limits, CoordinateForm::EastingNorthing, {0, 0, kSquareSide, kSquareSide},
-                    kGridColumns, kGridRows),
-          SquaresOf(home, limits, CoordinateForm::LonLat, {kWest, kSouth, 2, 1}, kDegreeColumns,
-                    kDegreeRows)};
-}
-
 std::optional<bool> TryFastRow(ListingAccelerator& fast, const SiteRecord& record,
                                std::string& text) {
-  Position position;
-  AcceleratedSquare* square = SquareOf(fast, record, position);
+  const AcceleratedSquare* square = nullptr;
+  if (record.kind == kGridReference)
+    square = LetteredSquareOf(fast, record.position);
+  else if (record.kind == kLocator && record.position.size() % 2 == 0)
+    square = DegreeSquareOf(fast, record.position);
   if (square == nullptr) return {};
   // A record on the grid overwrites everything that the deferred one would leave.
-  fast.deferred.clear();
-  std::optional<bool> listed = false;
-  if (square->mayBeListed && Matches(record.name, fast.limits.name))
-    listed = TryRowIn(*square, fast, record, position, text);
-  if (listed.has_value()) fast.deferred = record.line;
-  return listed;
+  fast.deferred = record.line;
+  if (square->isOutOfReach || !Matches(record.name, fast.limits.name)) return false;
+  const bool isGrid = square->form == CoordinateForm::EastingNorthing;
+  double x = 0;
+  double y = 0;
+  double resolution = 0;
+  if (isGrid)
+    NGRToGrid(record.position, x, y, resolution);
+  else
+    LocatorToWGS84(record.position, y, x, resolution);
+  const ApproximatePlace place = PlaceAt(fast.home, square->polynomials, square->form, x, y);
+  if (AreUncertain(place.figures, fast.limits)) return {};
+  if (!IsWithin(fast.limits, place.figures)) return false;
+  const std::string other = ReferenceOf(place, square->form, resolution);
+  if (other.empty()) return {};
+  AppendRow(text, record.name, isGrid ? other : record.position, isGrid ? record.position : other,
+            place.figures);
+  return true;
 }
 
 void ReplayDeferred(ListingAccelerator& fast, Workspace& w, Columns& columns) {

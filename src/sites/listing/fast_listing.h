@@ -10,10 +10,10 @@
 // needs the state that it would have left.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "sites/listing/approximate_place.h"
 #include "sites/listing/listing_row.h"
@@ -21,22 +21,20 @@
 // A lettered square of the National Grid, or a square of 2 by 1 degrees.
 struct AcceleratedSquare {
   CoordinateForm form;
-  Rectangle over;
-  bool mayBeListed;  // false if all its places are too near or too far
-  std::unique_ptr<LocalPolynomials> polynomials{};  // made for the first record that may be listed
+  bool isOutOfReach;  // all its places are too near or too far to be listed
+  LocalPolynomials polynomials;
 };
 
 // What a run keeps from record to record.
 struct ListingAccelerator {
   const Limits& limits;
   HomeStation home;
-  std::vector<AcceleratedSquare> letteredSquares{}, degreeSquares{};
+  // The squares by row and column, from the south-west corner on; each is made for its first
+  // record.
+  std::array<std::array<std::unique_ptr<AcceleratedSquare>, 7>, 14> lettered{};
+  std::array<std::array<std::unique_ptr<AcceleratedSquare>, 5>, 11> degrees{};
   std::string deferred{};  // the line of the last record that the workspace has not seen, or empty
 };
-
-// Returns an accelerator for a run from the home station of the workspace. `limits` must outlive
-// it.
-ListingAccelerator AcceleratorFor(const Workspace& w, const Limits& limits);
 
 // Appends the row of a record to `text` if the record passes the limits, and returns whether it
 // does. No value: the record needs the exact path; the caller runs ReplayDeferred, then

@@ -11,87 +11,62 @@ namespace {
 constexpr std::size_t kWriteSize = std::size_t{1} << 18;
 constexpr double kUnlimitedDistance = 9999;  // the header omits this limit and larger ones
 
-// The listing file and the rows not yet written to it.
-struct ListingFile {
-  std::unique_ptr<File> file;
-  std::string pending;
-  bool failed = false;
-};
-
-void Flush(ListingFile& out) {
-  if (!out.file->Write(out.pending)) out.failed = true;
-  out.pending.clear();
-}
-
-void EndLine(ListingFile& out) {
-  out.pending += '\r';
-  out.pending += '\n';
-  if (out.pending.size() >= kWriteSize) Flush(out);
-}
-
-void WriteLine(ListingFile& out, std::string_view line) {
-  out.pending += line;
-  EndLine(out);
-}
-
-// Whether everything reached the file.
-bool Close(ListingFile& out) {
-  Flush(out);
-  return out.file->Close() && !out.failed;
-}
-
-void WriteHeader(Workspace& w, const Limits& limits, ListingFile& out) {
-  WriteLine(out, "Generated from    Tarnwick  Brelk");
-  WriteLine(out, FormatDate(w.platform.Today()));
-  WriteLine(out, "");
-  WriteLine(out, "Distance and Bearings from " + w.BaseName);
-  WriteLine(out, "");
-  if (limits.minimum > 0) WriteLine(out, "Minimum distance " + NumberToText(limits.minimum));
-  if (limits.maximum < kUnlimitedDistance)
-    WriteLine(out, "Maximum distance " + NumberToText(limits.maximum));
+std::string HeaderOf(Workspace& w, const Limits& limits) {
+  std::string header;
+  const auto add = [&header](const std::string& line) { header += line + "\r\n"; };
+  add("Generated from    Tarnwick  Brelk");
+  add(FormatDate(w.platform.Today()));
+  add("");
+  add("Distance and Bearings from " + w.BaseName);
+  add("");
+  if (limits.minimum > 0) add("Minimum distance " + NumberToText(limits.minimum));
+  if (limits.maximum < kUnlimitedDistance) add("Maximum distance " + NumberToText(limits.maximum));
   if (limits.from > 0 || limits.to < 360)
-    WriteLine(out, "Bearings restricted to sites within" + NumberToText(limits.from) + " to " +
-                       NumberToText(limits.to) + " deg");
+    add("Bearings restricted to sites within" + NumberToText(limits.from) + " to " +
+        NumberToText(limits.to) + " deg");
   if (!w.Tarnwick.Srchtext.text.empty())
-    WriteLine(out, "Only Sites with   '" + w.Tarnwick.Srchtext.text + "'   in their name");
-  WriteLine(out, "");
-  WriteLine(
-      out,
-      "   Sitename                                     Locator       NGR         To     Back  "
+    add("Only Sites with   '" + w.Tarnwick.Srchtext.text + "'   in their name");
+  add("");
+  add("   Sitename                                     Locator       NGR         To     Back  "
       "         Distance");
-  WriteLine(out, "");
+  add("");
+  return header;
 }
 
-void WriteRows(Workspace& w, const Limits& limits, ListingFile& out) {
-  ListingAccelerator fast = AcceleratorFor(w, limits);
+// Writes the header and the rows of the open database; false after a failed write.
+bool WriteLines(Workspace& w, File& file) {
+  const Limits limits = LimitsOf(w.Tarnwick);
+  std::string pending = HeaderOf(w, limits);  // not yet written
+  ListingAccelerator fast{limits, HomeStationAt(w.BaseLat, w.BaseLong)};
   SiteRecord record;
   Columns columns;
   std::int32_t rows = 0;
   std::string_view line;
-  while (!out.failed && ReadLine(w.database, line)) {
+  bool isWritten = true;
+  while (isWritten && ReadLine(w.database, line)) {
     if (!ReadRecord(line, record)) continue;
-    std::optional<bool> listed = TryFastRow(fast, record, out.pending);
+    std::optional<bool> listed = TryFastRow(fast, record, pending);
     if (!listed.has_value()) {
       ReplayDeferred(fast, w, columns);
-      listed = AppendExactRow(w, record, limits, columns, out.pending);
+      listed = AppendExactRow(w, record, limits, columns, pending);
     }
     if (!*listed) continue;
-    EndLine(out);
-    if (++rows % 10 == 0) EndLine(out);
+    pending += ++rows % 10 == 0 ? "\r\n\r\n" : "\r\n";
+    if (pending.size() < kWriteSize) continue;
+    isWritten = file.Write(pending);
+    pending.clear();
   }
   ReplayDeferred(fast, w, columns);
+  return isWritten && file.Write(pending);
 }
 
 // Writes the file; false if it can't be created, is the database itself, or lost a write.
 bool WriteListing(Workspace& w, const std::string& path) {
   if (w.platform.IsSameFile(path, w.Tarnwick.LocDatabase.text)) return false;
-  ListingFile out;
-  out.file = w.platform.OpenToWrite(path);
-  if (!out.file) return false;
-  const Limits limits = LimitsOf(w.Tarnwick);
-  WriteHeader(w, limits, out);
-  WriteRows(w, limits, out);
-  return Close(out) && !w.database.failed;
+  const std::unique_ptr<File> file = w.platform.OpenToWrite(path);
+  if (!file) return false;
+  const bool isWritten = WriteLines(w, *file);
+  return file->Close() && isWritten && !w.database.failed;
 }
 
 }  // namespace

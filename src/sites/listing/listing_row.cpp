@@ -9,17 +9,6 @@
 namespace {
 
 constexpr std::size_t kNameLength = 46;  // longer names are cut off
-
-// Where the items of a row begin, counted from 1.
-constexpr std::size_t kNameColumn = 1;
-constexpr std::size_t kLocatorColumn = 48;
-constexpr std::size_t kGridReferenceColumn = 60;
-constexpr std::size_t kBearingColumn = 74;
-constexpr std::size_t kBackbearingColumn = 81;
-constexpr std::size_t kDegreesColumn = 89;
-constexpr std::size_t kDistanceColumn = 96;
-constexpr std::size_t kKilometresColumn = 103;
-
 constexpr Picture kTenths = PictureOf("####0.0");
 constexpr Picture kBracketedTenths = PictureOf("(####0.0)");
 
@@ -82,18 +71,19 @@ void AppendRow(std::string& text, std::string_view name, std::string_view locato
                std::string_view gridReference, const DistanceAndBearings& figures) {
   const std::size_t start = text.size();
   text.append(kRowLength, ' ');
+  // Columns count from 1.
   const auto put = [&](std::size_t column, std::string_view item) {
     OverwriteAt(text, start + column - 1, item);
   };
   const auto putNumber = [&](std::size_t column, double value, const Picture& picture) {
     PutPicture(text, start + column - 1, value, picture);
   };
-  put(kNameColumn, name.substr(0, kNameLength));
-  put(kLocatorColumn, locator);
-  put(kGridReferenceColumn, gridReference);
-  putNumber(kBearingColumn, figures.bearing, kTenths);
-  putNumber(kBackbearingColumn, figures.backbearing, kBracketedTenths);
-  put(kDegreesColumn, "deg");
-  putNumber(kDistanceColumn, figures.distance, kTenths);
-  put(kKilometresColumn, "km");
+  put(1, name.substr(0, kNameLength));
+  put(48, locator);
+  put(60, gridReference);
+  putNumber(74, figures.bearing, kTenths);
+  putNumber(81, figures.backbearing, kBracketedTenths);
+  put(89, "deg");
+  putNumber(96, figures.distance, kTenths);
+  put(103, "km");
 }

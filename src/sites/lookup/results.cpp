@@ -20,11 +20,7 @@ void CloseResults(Workspace& w) {
   w.ShowList = {};  // a fresh window is unloaded, hidden and empty
 }
 
-namespace ShowList {
-
-namespace {
-
-void Pick(Workspace& w) {
+void ShowList::OK_Click(Workspace& w) {
   const ListBox& list = w.ShowList.PR;
   const bool picked = list.index >= 0 && static_cast<std::size_t>(list.index) < list.items.size();
   w.Tarnwick.InputText.text = picked ? list.items[static_cast<std::size_t>(list.index)] : "";
@@ -33,14 +29,3 @@ void Pick(Workspace& w) {
   w.Tarnwick.defaultButton = &MainWindow::SetHome;
   w.platform.SetFocus(WindowName::Tarnwick);
 }
-
-}  // namespace
-
-void OK_Click(Workspace& w) {
-  Pick(w);
-}
-void PR_DblClick(Workspace& w) {
-  Pick(w);
-}
-
-}  // namespace ShowList

@@ -13,11 +13,9 @@ void CloseResults(Workspace& w);
 
 namespace ShowList {
 
-// Picks the selected entry: copies it to InputText and runs Use This, even if an earlier pick has
-// disabled it. Then disables Use This until a click in the input box, and makes Set as Home the
-// default button.
+// Picks the selected entry, as a double click on it does: copies it to InputText and runs Use This,
+// even if an earlier pick has disabled it. Then disables Use This until a click in the input box,
+// and makes Set as Home the default button.
 void OK_Click(Workspace& w);
-// A double click on an entry picks it in the same way.
-void PR_DblClick(Workspace& w);
 
 }  // namespace ShowList

@@ -33,7 +33,7 @@ constexpr Event kEvents[] = {
     {Tarnwick, NameOf(&MainWindow::ShowAll), Click, ShowAll_Click},
     {Tarnwick, "", CloseFrame, Form_Unload},
     {BearingCalc, "", CloseFrame, [](Workspace& w) { w.BearingCalc.visible = false; }},
-    {ShowList, NameOf(&ResultsWindow::PR), DoubleClick, ShowList::PR_DblClick, true},
+    {ShowList, NameOf(&ResultsWindow::PR), DoubleClick, ShowList::OK_Click, true},
     {ShowList, NameOf(&ResultsWindow::OK), Click, ShowList::OK_Click, true},
     // Unlike CloseResults, this stores no position.
     {ShowList, "", CloseFrame, [](Workspace& w) { w.ShowList = {}; }},
