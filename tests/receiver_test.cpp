@@ -149,6 +149,16 @@ TEST(Receiver, TakesTheFirstSentenceOf45CharactersAndNoOther) {
   }
 }
 
+// What came before can cost two good sentences and no more: here an RMC without a carriage return.
+TEST(Receiver, UsesTheThirdGoodSentence) {
+  Program program;
+  program.Feed(std::string(59, '.') + "RMC,");
+  for (const bool isUsed : {false, false, true}) {
+    program.Feed(kSentence);
+    EXPECT_EQ(program.Box() == kShown, isUsed) << program.Box();
+  }
+}
+
 // Neither the lack of a carriage return nor a pause empties RxBuffer.
 TEST(Receiver, KeepsTheNewestCharactersThroughAPause) {
   Program program;
