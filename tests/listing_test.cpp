@@ -67,7 +67,7 @@ constexpr std::string_view kSubsquares = "ABCDEFGHIJKLMNOPQRSTUVWX";
 std::string PositionFrom(std::mt19937& random) {
   // clang-format off
   static const char* const kStarts[] = {
-      "SU", "SU", "SU", "TQ", "TQ", "NY", "su", "HP", "SV", "JC", "AA", "ZI", "VZ",
+      "SU", "SU", "SU", "TQ", "TQ", "NY", "su", "HP", "SV", "SY", "JC", "AA", "ZI", "VZ",
       "IO91", "IO91", "IO91", "JO01", "JO02", "io83", "IN79", "IO62", "JJ00", "RR99", "AR09"};
   static const char* const kOdd[] = {
       "51.5 -1.2", "", "IO9", "SU 123 456", "SU1234X6", "IO91WMX", "IO91YA", "IO91WMAB", "\xC9O91WM",
