@@ -53,13 +53,9 @@ auto StateOf(const Workspace& w) {
                     main.InputText.text);
 }
 
-char OneOf(std::mt19937& random, std::string_view characters) {
-  return characters[random() % characters.size()];
-}
-
 std::string SomeOf(std::mt19937& random, std::string_view characters, std::size_t count) {
   std::string text;
-  while (text.size() < count) text += OneOf(random, characters);
+  while (text.size() < count) text += characters[random() % characters.size()];
   return text;
 }
 
@@ -69,38 +65,30 @@ constexpr std::string_view kSubsquares = "ABCDEFGHIJKLMNOPQRSTUVWX";
 // A position of any kind, mostly in a few squares, some at the edge of the grid and of its box, and
 // texts that are almost references.
 std::string PositionFrom(std::mt19937& random) {
-  static const char* const kSquares[] = {"SU", "TQ", "NY", "HP", "SV",
-                                         "su", "JC", "AA", "ZI", "VZ"};
-  static const char* const kFields[] = {"IO91", "JO01", "JO02", "IN79", "IO62",
-                                        "io83", "JJ00", "RR99", "AR09", "IO71"};
   // clang-format off
+  static const char* const kStarts[] = {
+      "SU", "SU", "SU", "TQ", "TQ", "NY", "su", "HP", "SV", "SY", "JC", "AA", "ZI", "VZ",
+      "IO91", "IO91", "IO91", "JO01", "JO02", "io83", "IN79", "IO62", "JJ00", "RR99", "AR09"};
   static const char* const kOdd[] = {
       "51.5 -1.2", "", "IO9", "SU 123 456", "SU1234X6", "IO91WMX", "IO91YA", "IO91WMAB", "\xC9O91WM",
       "SU12345E", "SU1234567", "IO91WM44MMXX", "SU12345678901234", "IO91WM44mm33", "IO91 W M 4 4",
-      "SU12 34567890", "SU12&HFF", "SU123412E9", "IO91WM44MM\xFF\xFF",
-      "SU12345678901234567890123456789012345678901234567890",
-      "IO91WM44MMAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"};
+      "SU12 34567890", "SU12&HFF", "SU123412E9", "IO91WM44MM\xFF\xFF", "IO91WM44MM",
+      "SU12345678901234567890123456789012345678901234567890"};
   // clang-format on
-  const auto kind = random() % 100;
-  const bool isRare = random() % 4 == 0;
-  if (kind < 45)
-    return kSquares[random() % (isRare ? std::size(kSquares) : 4)] + SomeOf(random, kDigits, 2) +
-           (random() % 9 == 0 ? " " : "") + SomeOf(random, kDigits, 2 + 2 * (random() % 4));
-  if (kind < 47) return "IO91WM44MM";  // the place of a home station
-  if (kind < 50)                       // due north of one
-    return "SU7" + SomeOf(random, "0", 2) + SomeOf(random, "09", 1) + "45" +
-           SomeOf(random, "09", 2);
-  if (kind >= 90) return kOdd[random() % std::size(kOdd)];
-  std::string locator = kFields[random() % (isRare ? std::size(kFields) : 4)];
-  locator += SomeOf(random, kSubsquares, 2);
-  if (random() % 3 != 0) locator += SomeOf(random, kDigits, 2);
-  return locator.size() == 8 && random() % 2 == 0 ? locator + SomeOf(random, "ALMxX", 2) : locator;
+  if (random() % 10 == 0) return kOdd[random() % std::size(kOdd)];
+  std::string text = kStarts[random() % std::size(kStarts)];
+  if (text.size() == 2)
+    return text + SomeOf(random, kDigits, 2) + (random() % 9 == 0 ? " " : "") +
+           SomeOf(random, kDigits, 2 + 2 * (random() % 4));
+  text += SomeOf(random, kSubsquares, 2);
+  if (random() % 3 != 0) text += SomeOf(random, kDigits, 2);
+  return text.size() == 8 && random() % 2 == 0 ? text + SomeOf(random, "ALMxX", 2) : text;
 }
 
 std::string RecordsFrom(std::mt19937& random, int count) {
   std::string records;
   for (int i = 0; i < count; ++i) {
-    records += OneOf(random, "HTx") + SomeOf(random, "ill op~aEND", random() % 9) + "~" +
+    records += SomeOf(random, "HTx", 1) + SomeOf(random, "ill op~aEND", random() % 9) + "~" +
                PositionFrom(random) + (random() % 40 == 0 ? "~ENDENDEND\r\n" : "~a remark\r\n");
     if (random() % 50 == 0) records += "no record\r\n";
   }

@@ -20,18 +20,13 @@ namespace {
 std::string Value(std::string_view text) {
   return Escaped(text);
 }
-template <std::integral Integer>
-std::string Value(Integer number) {
+std::string Value(std::integral auto number) {
   return std::to_string(number);
 }
-std::string Value(const Rgb& c) {
-  return Value(c.red) + " " + Value(c.green) + " " + Value(c.blue);
+std::string Value(const Colour& c) {
+  return c ? Value(c->red) + " " + Value(c->green) + " " + Value(c->blue) : "default";
 }
-std::string Value(const Colour& colour) {
-  return colour ? Value(*colour) : "default";
-}
-template <class Number, class... Form>
-std::string NumberValue(Number number, Form... form) {
+std::string NumberValue(auto number, auto... form) {
   char text[400];
   const auto end = std::to_chars(text, text + sizeof text, number, form...);
   return {text, end.ptr};
@@ -46,16 +41,11 @@ std::string Value(const UntypedValue& value) {
   return value.empty ? "" : Value(value.number);
 }
 
-// A number under a picture, without a decimal point at its end.
-std::string Decimal(double number, const char* picture) {
-  std::string text = FormatPicture(number, picture);
+// A blank, then a coordinate of a picture with at most four decimal places.
+std::string Coordinate(float number) {
+  std::string text = " " + FormatPicture(static_cast<double>(number), "#0.####");
   if (text.back() == '.') text.pop_back();
   return text;
-}
-
-// A blank, then a coordinate of a picture.
-std::string Coordinate(float number) {
-  return " " + Decimal(static_cast<double>(number), "#0.####");
 }
 
 std::string DrawText(const DrawOperation& op) {
