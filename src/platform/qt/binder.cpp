@@ -99,8 +99,12 @@ QPalette LightPalette() {
 void Binder::Bind(QWidget* widget, const char* name, const char* tip,
                   const std::function<void()>& refresh) const {
   widget->setObjectName(name);
-  if (*tip != 0)  // as rich text, so that long tips are wrapped
-    widget->setToolTip("<p style='white-space:pre-wrap'>" + QString(tip).toHtmlEscaped());
+  // Qt wraps rich text alone, a short one too.
+  const QString text(tip);
+  constexpr qsizetype kLongestLine = 80;
+  widget->setToolTip(text.size() <= kLongestLine
+                         ? text
+                         : "<p style='white-space:pre-wrap'>" + text.toHtmlEscaped());
   Describe(widget, tip);
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);

@@ -15,6 +15,7 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
 
  private:
   void ShowCompass();
+  bool OverlapsMainWindow() const;
 
   QWidget& mainWindow_;
   QLineEdit* Ipt_ = Make(&PointingWindow::Ipt);
