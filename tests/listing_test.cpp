@@ -17,7 +17,6 @@
 #include "geo/national_grid.h"
 #include "platform/headless/headless.h"
 #include "sites/database/line_reader.h"
-#include "sites/database/site_line.h"
 #include "sites/listing/approximate_place.h"
 #include "sites/listing/listing_row.h"
 #include "workspace/commands/home_station.h"
@@ -35,12 +34,7 @@ std::string PlainRows(Workspace& w) {
   Columns columns;
   int count = 0;
   for (std::string_view line; ReadLine(w.database, line);) {
-    const SiteLine site = SplitSiteLine(line);
-    if (!site.isRecord) continue;
-    ReadRecord(line, site, record);
-    DecodeRecord(w, record, columns);
-    if (!Passes(RowOf(w, columns), limits)) continue;
-    AppendRow(rows, RowOf(w, columns));
+    if (!ReadRecord(line, record) || !AppendExactRow(w, record, limits, columns, rows)) continue;
     rows += ++count % 10 == 0 ? "\r\n\r\n" : "\r\n";
   }
   CloseDatabase(w);
@@ -290,7 +284,7 @@ Record LocatorRecord(const Rectangle& over, std::mt19937& random) {
   return record;
 }
 
-const Square kSquares[] = {{kGrid, {400000, 1300000, 100000, 100000}}, {kDegrees, {-2, 60, 2, 1}}};
+const Square kSquares[] = {{kGrid, {600000, 1300000, 100000, 100000}}, {kDegrees, {-8, 60, 2, 1}}};
 
 Record RandomRecord(const Square& square, std::mt19937& random) {
   if (square.form == kDegrees) return LocatorRecord(square.over, random);
