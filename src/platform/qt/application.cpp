@@ -20,7 +20,7 @@ Application::Application() {
   };
   desktop.serial.onComm = [this] { return runner.Run(SetUpCom::MSComm1_OnComm); };
   desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
-  runner.onIdle = [this] { desktop.Recheck(); };
+  runner.onIdle = [this] { desktop.serial.Recheck(); };
   mainWindow.onClosed = [this] {
     desktop.FlushSettings();
     if (onEnd) onEnd();
