@@ -10,7 +10,7 @@
 
 namespace {
 
-// A text field that has an action for a left click.
+// A text field that can have an action for a left click.
 class ClickableEdit : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -195,7 +195,7 @@ QCheckBox* Binder::Make(const char* name, CheckBox& control) const {
 
 QComboBox* Binder::Make(const char* name, ComboBox& control) const {
   auto* box = new QComboBox(window_);
-  box->setEditable(true);
+  box->setLineEdit(new ClickableEdit(box));
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
   Bind(box, name, control, [box, &control] {

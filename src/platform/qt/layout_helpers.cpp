@@ -25,7 +25,7 @@ void CaptionLabel::resizeEvent(QResizeEvent* event) {
 
 void CaptionLabel::paintEvent(QPaintEvent* event) {
   const QRect area = contentsRect();
-  const bool fits = fontMetrics().horizontalAdvance(text()) <= area.width();
+  const bool fits = sizeHint().width() <= area.width();
   if (fits && lastWordAbove_ == nullptr) return QLabel::paintEvent(event);
 
   constexpr int kAlignment = Qt::AlignVCenter | Qt::AlignLeft;

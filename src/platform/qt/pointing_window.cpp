@@ -1,7 +1,8 @@
 #include "platform/qt/pointing_window.h"
 
-#include <QEvent>
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 
 #include "platform/desktop/qt_text.h"
 
@@ -69,6 +70,9 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
     return {screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height()};
   }
 
+  // Keys that no field wants are for the main window, where the user types the next place.
+  void keyPressEvent(QKeyEvent* event) override { QApplication::sendEvent(&mainWindow_, event); }
+
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == &mainWindow_ && isVisible()) {
       // After the user picks a result, the Results window would cover the figures.
@@ -81,7 +85,7 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
   }
 
  private:
-  const QWidget& mainWindow_;
+  QWidget& mainWindow_;
 };
 
 }  // namespace
