@@ -8,13 +8,8 @@ packaging/install.sh run
 echo "Building; the first time takes a minute or two."
 cmake --preset release >/dev/null
 cmake --build --preset release
-
-# Copy the sample database to the path where the program looks first, but keep an existing one.
-drive=${XDG_DATA_HOME:-$HOME/.local/share}/tarnwick/drive_c
-mkdir -p "$drive/geog"
-if [ -z "$(find "$drive" -ipath "$drive/geog/sites.dat")" ]; then
-  cp data/Sites.dat "$drive/geog/Sites.dat"
-fi
+# The sample database and the manual lie beside the program, as in an installed package.
+cmake --install build/release --prefix build/run >/dev/null
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
   cat <<'TEXT'
@@ -26,4 +21,4 @@ TEXT
   export QT_QPA_PLATFORM=vnc:port=5900:size=1280x800
   export LD_PRELOAD="$PWD/build/release/libloopback_only.so"
 fi
-exec build/release/tarnwick "$@"
+exec build/run/bin/tarnwick "$@"

@@ -67,8 +67,8 @@ FramedWindow& Application::WindowOf(WindowName name) {
 
 void Application::OpenManual() {
   const QString program = QApplication::applicationDirPath();
-  for (const char* page :
-       {"/manual/index.html", "/../share/doc/tarnwick/html/index.html", "/../../docs/manual.md"}) {
+  for (const char* page : {"/manual/index.html", "/../share/doc/tarnwick/html/index.html",
+                           "/../../docs/manual.md", "/../../../docs/manual.md"}) {
     const QString file = QFileInfo(program + page).canonicalFilePath();
     if (!file.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(file))) return;
   }

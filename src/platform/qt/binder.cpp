@@ -86,8 +86,10 @@ void Binder::Bind(QWidget* widget, const char* name, Control& control,
   widget->setObjectName(name);
   QString tip;
   if constexpr (requires { control.tip; }) tip = control.tip;
-  if (!tip.isEmpty())  // as rich text, so that long tips are wrapped
-    widget->setToolTip("<p style='white-space:pre-wrap'>" + tip.toHtmlEscaped());
+  // Qt wraps rich text alone, a short one too.
+  constexpr qsizetype kLongestLine = 80;
+  widget->setToolTip(
+      tip.size() <= kLongestLine ? tip : "<p style='white-space:pre-wrap'>" + tip.toHtmlEscaped());
   Describe(widget, tip);
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);

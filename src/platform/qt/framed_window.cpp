@@ -84,7 +84,7 @@ void FramedWindow::Refresh() {
 
 // Makes the window wide enough for the title, as far as the screen allows.
 void FramedWindow::ShowTitle() {
-  constexpr int kFrameButtons = 120;  // pixels
+  constexpr int kFrameButtons = 160;  // pixels, with the icon
   setWindowTitle(ToQt(state_.caption));
   QFont bold = font();
   bold.setBold(true);

@@ -75,16 +75,24 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == &mainWindow_ && isVisible()) {
+      // The limits of a listing come first on a small screen; there are no figures beside them.
+      const bool isListing = runner_.w.Tarnwick.MakeList.visible;
       // After the user picks a result, the Results window would cover the figures.
-      if (event->type() == QEvent::WindowActivate) raise();
+      if (event->type() == QEvent::WindowActivate && !isListing) raise();
       // The main window may have grown into its listing layout.
-      const bool overlaps = mainWindow_.frameGeometry().intersects(frameGeometry());
-      if (event->type() == QEvent::Resize && overlaps && !IsMovedByUser()) ShowPosition();
+      if (event->type() == QEvent::Resize && OverlapsMainWindow()) {
+        if (!IsMovedByUser()) ShowPosition();
+        if (isListing && OverlapsMainWindow()) mainWindow_.raise();
+      }
     }
     return RecordWindow::eventFilter(watched, event);
   }
 
  private:
+  bool OverlapsMainWindow() const {
+    return mainWindow_.frameGeometry().intersects(frameGeometry());
+  }
+
   QWidget& mainWindow_;
 };
 
