@@ -7,18 +7,6 @@
 #include "platform/desktop/termination.h"
 #include "platform/qt/application.h"
 
-namespace {
-
-// Whether the command line asks for the version or the help, which need no display.
-bool AsksForText(QCommandLineParser& parser, int argc, char** argv) {
-  QStringList arguments;
-  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
-  parser.parse(arguments);
-  return parser.isSet("version") || parser.isSet("help") || parser.isSet("help-all");
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
   QCoreApplication::setApplicationName("tarnwick");
   QCoreApplication::setApplicationVersion(TARNWICK_VERSION);
@@ -31,7 +19,8 @@ int main(int argc, char** argv) {
   parser.addPositionalArgument(
       "PLACE", "A place to start with, in words joined by blanks; after -- it may begin with -.",
       "[PLACE...]");
-  if (AsksForText(parser, argc, argv)) {
+  parser.parse(QStringList(argv, argv + argc));
+  if (parser.isSet("version") || parser.isSet("help") || parser.isSet("help-all")) {
     const QCoreApplication console(argc, argv);
     parser.process(console);
   }

@@ -6,17 +6,9 @@
 // sentence that begins in a piece either ends in it or has at least 65 characters there.
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <string_view>
-
-inline constexpr std::size_t kBufferSize = 128;     // the most characters in the buffer
-inline constexpr std::size_t kEventThreshold = 64;  // the fewest characters of an event
-
-// Whether the buffer contains a whole piece: it is full, or has at least kEventThreshold characters
-// and ends in CR or LF. Fill then adds nothing until the program has read the buffer.
-[[nodiscard]] bool IsEventDue(std::string_view buffer);
 
 // Moves characters from the front of `arrived` into the buffer until an event is due or none is
-// left.
-void Fill(std::string& buffer, std::string& arrived);
+// left, and returns whether an event is due: the buffer is full, or has at least 64 characters and
+// ends in CR or LF. Further calls then change nothing until the program has read the buffer.
+[[nodiscard]] bool Fill(std::string& buffer, std::string& arrived);

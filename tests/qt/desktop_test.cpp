@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "platform/desktop/files.h"
 #include "platform/desktop/termination.h"
 #include "platform/qt/application.h"
 
@@ -62,16 +61,16 @@ TEST_F(DesktopTest, ReadsInstalledFilesAndWritesTheUsers) {
   const std::string sites = kDefaultDatabase;
   const QString users = "data/tarnwick/drive_c/geog/";
   EXPECT_TRUE(QFileInfo(home_.filePath(users)).isDir()) << "made at the start";
-  EXPECT_EQ(PathToRead(sites), In(users + "Sites.dat")) << "missing everywhere";
+  EXPECT_EQ(desktop.PathToRead(sites), In(users + "Sites.dat")) << "missing everywhere";
   EXPECT_EQ(desktop.OpenToRead(sites), nullptr);
   Write("two/tarnwick/drive_c/geog/sites.DAT", "installed");
-  EXPECT_EQ(PathToRead(sites), In("two/tarnwick/drive_c/geog/sites.DAT"));
+  EXPECT_EQ(desktop.PathToRead(sites), In("two/tarnwick/drive_c/geog/sites.DAT"));
   EXPECT_TRUE(desktop.ContainsFile("c:\\GEOG\\", ".dat"));
   EXPECT_TRUE(desktop.IsSameFile("C:/geog/SITES.dat", sites)) << "no listing replaces it";
-  EXPECT_EQ(PathToWrite(sites), In(users + "Sites.dat"));
+  EXPECT_EQ(desktop.PlacesOf(sites).front(), In(users + "Sites.dat"));
   auto file = desktop.OpenToWrite(sites);
   ASSERT_TRUE(file && file->Write("mine") && file->Close());
-  EXPECT_EQ(PathToRead(sites), In(users + "Sites.dat"));
+  EXPECT_EQ(desktop.PathToRead(sites), In(users + "Sites.dat"));
   EXPECT_EQ(Content("two/tarnwick/drive_c/geog/sites.DAT"), "installed");
 }
 
@@ -128,10 +127,8 @@ TEST_F(DesktopTest, ReportsAViewerThatFails) {
   EXPECT_TRUE(desktop.Shell("Notepad.exe a", WindowStyle::Normal));
   EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1; }));
   busy = false;
-  desktop.Recheck();
   EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 2; })) << "it could not be taken";
-  desktop.Recheck();
-  QTest::qWait(100);
+  QTest::qWait(300);
   EXPECT_EQ(failures, 2);
 
   Application program;

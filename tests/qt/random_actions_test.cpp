@@ -151,7 +151,6 @@ class RandomActions : public testing::Test {
     EXPECT_EQ(window.isVisible(), record.visible) << window.objectName().toStdString();
     EachControl(record, [&](const char* name, const auto& control) {
       auto* widget = window.findChild<QWidget*>(name);
-      if (widget == nullptr && !program_->w.Tarnwick.MakeList.visible) return;  // not made yet
       EXPECT_EQ(widget->isHidden(), !control.visible) << name;
       if constexpr (requires { control.enabled; }) {
         EXPECT_EQ(widget->isEnabled(), control.enabled) << name;

@@ -2,37 +2,28 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPointer>
 #include <QTimer>
-#include <algorithm>
+#include <QUrl>
 
-#include "platform/desktop/files.h"
-#include "platform/desktop/launcher.h"
 #include "platform/desktop/qt_text.h"
-#include "platform/drive_paths.h"
-#include "platform/stdio_files.h"
 #include "workspace/record/workspace.h"
 
-Desktop::Desktop()
-#ifdef _WIN32
-    : settings_(QString("HKEY_CURRENT_USER\\Software\\") + kProgramTitle, QSettings::NativeFormat) {
-#else
-    : settings_(QSettings::IniFormat, QSettings::UserScope, kProgramTitle, kProgramTitle) {
-#endif
-  settings_.setFallbacksEnabled(false);
-  CreateUserFolder();
-}
-
-void Desktop::Recheck() {
-  serial.Recheck();
-  if (isViewerFailureDue_) QTimer::singleShot(0, &serial, [this] { ReportViewerFailure(); });
+std::string CleanPath(const std::string& path) {
+  QString text = ToQt(path).trimmed();
+  for (const QChar quote : {'"', '\''})
+    if (text.size() >= 2 && text.startsWith(quote) && text.endsWith(quote))
+      text = text.mid(1, text.size() - 2);
+  if (text.startsWith("file://", Qt::CaseInsensitive)) text = QUrl(text).toLocalFile();
+  if (text.startsWith("~/")) text = QDir::homePath() + text.mid(1);
+  return FromQt(text);
 }
 
 void Desktop::ReportViewerFailure() {
-  isViewerFailureDue_ = onViewerFailure && !onViewerFailure();
+  if (!onViewerFailure())
+    QTimer::singleShot(std::chrono::milliseconds(100), &serial, [this] { ReportViewerFailure(); });
 }
 
 std::string Desktop::ReadSetting(const std::string& section, const std::string& key,
@@ -67,46 +58,14 @@ void Desktop::FlushSettings() {
   settings_.sync();
 }
 
-bool Desktop::ContainsFile(const std::string& folder, std::string_view ending) {
-  const auto places = PlacesOf(folder);
-  return std::any_of(places.begin(), places.end(),
-                     [&](const auto& place) { return ::ContainsFile(place, ending); });
-}
-
-std::unique_ptr<File> Desktop::OpenToRead(const std::string& path) {
-  return OpenStdioToRead(PathToRead(path));
-}
-
-std::unique_ptr<File> Desktop::OpenToWrite(const std::string& path) {
-  return OpenStdioToWrite(PathToWrite(path));
-}
-
-bool Desktop::IsSameFile(const std::string& path, const std::string& other) {
-  std::error_code error;
-  return std::filesystem::equivalent(PathToRead(path), PathToRead(other), error);
-}
-
 void Desktop::MsgBox(const std::string& text) {
-  if (showRecord) showRecord();
+  showRecord();
   QMessageBox box(QMessageBox::NoIcon, kProgramTitle, ToQt(text), QMessageBox::Ok,
                   QApplication::activeWindow());
   QApplication::setOverrideCursor(Qt::ArrowCursor);
   box.exec();
   QApplication::restoreOverrideCursor();
   serial.PauseEvents();
-}
-
-bool Desktop::Shell(const std::string& command, WindowStyle style) {
-  // The logic starts the text viewer in a normal window and the map viewers minimised. Failures of
-  // the map viewers are ignored.
-  if (style != WindowStyle::Normal) return StartProgram(command, style, {});
-  return StartProgram(command, style, [this, alive = QPointer(&serial)] {
-    if (alive != nullptr) ReportViewerFailure();
-  });
-}
-
-void Desktop::SetFocus(WindowName window) {
-  if (focusWindow) focusWindow(window);
 }
 
 std::chrono::year_month_day Desktop::Today() {

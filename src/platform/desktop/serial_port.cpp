@@ -26,12 +26,7 @@ void SerialPort::PauseEvents() {
 
 void SerialPort::OnData() {
   if (!IsOpen()) return;
-  Fill(buffer_, arrived_);
-  if (!IsEventDue(buffer_)) {
-    arrived_ += device_.Read();
-    Fill(buffer_, arrived_);
-  }
-  if (!IsEventDue(buffer_)) return;
+  if (!Fill(buffer_, arrived_) && !Fill(buffer_, arrived_ += device_.Read())) return;
   if (!isPaused_ && onComm && onComm())
     Recheck();
   else

@@ -4,7 +4,6 @@
 
 #include "platform/drive_paths.h"
 #include "platform/receive_buffer.h"
-#include "platform/stdio_files.h"
 #include "workspace/values/strings.h"
 
 namespace {
@@ -94,8 +93,12 @@ void HeadlessPlatform::StoreSetting(const std::string& section, const std::strin
   if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
 }
 
+std::vector<std::filesystem::path> HeadlessPlatform::PlacesOf(const std::string& path) const {
+  return {NativePath(driveC, path)};
+}
+
 bool HeadlessPlatform::ContainsFile(const std::string& folder, std::string_view ending) {
-  if (!files) return ::ContainsFile(NativePath(driveC, folder), ending);
+  if (!files) return DiskPlatform::ContainsFile(folder, ending);
   return std::any_of(files->begin(), files->end(), [&](const auto& file) {
     const std::string path = Folded(file.first);
     return path.starts_with(Folded(folder)) && path.ends_with(UpperOf(ending)) &&
@@ -107,7 +110,7 @@ std::unique_ptr<File> HeadlessPlatform::OpenToRead(const std::string& path) {
   if (faults.Fails("OpenToRead")) return nullptr;
   std::unique_ptr<File> file;
   if (!files)
-    file = OpenStdioToRead(NativePath(driveC, path));
+    file = DiskPlatform::OpenToRead(path);
   else if (files->count(path) != 0)
     file = std::make_unique<MemoryFile>(*files, path);
   return file ? std::make_unique<FaultyFile>(faults, std::move(file)) : nullptr;
@@ -117,7 +120,7 @@ std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
   if (faults.Fails("OpenToWrite")) return nullptr;
   std::unique_ptr<File> file;
   if (!files) {
-    file = OpenStdioToWrite(NativePath(driveC, path));
+    file = DiskPlatform::OpenToWrite(path);
   } else if (!path.empty() && !Folded(path).ends_with('\\')) {
     (*files)[path].clear();
     file = std::make_unique<MemoryFile>(*files, path);
@@ -126,9 +129,8 @@ std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
 }
 
 bool HeadlessPlatform::IsSameFile(const std::string& path, const std::string& other) {
-  if (files) return files->count(path) != 0 && files->find(path) == files->find(other);
-  std::error_code error;
-  return std::filesystem::equivalent(NativePath(driveC, path), NativePath(driveC, other), error);
+  if (!files) return DiskPlatform::IsSameFile(path, other);
+  return files->count(path) != 0 && files->find(path) == files->find(other);
 }
 
 bool HeadlessPlatform::Shell(const std::string& command, WindowStyle /*style*/) {
@@ -138,9 +140,8 @@ bool HeadlessPlatform::Shell(const std::string& command, WindowStyle /*style*/) 
 
 void Feed(HeadlessSerial& serial, const std::string& characters) {
   if (serial.open) serial.arrived += characters;
-  do {
-    Fill(serial.buffer, serial.arrived);
-    if (!IsEventDue(serial.buffer)) return;
+  while (Fill(serial.buffer, serial.arrived)) {
     serial.onComm();
-  } while (serial.open && !IsEventDue(serial.buffer));
+    if (!serial.buffer.empty()) return;  // the handler has not read it
+  }
 }

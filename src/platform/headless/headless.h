@@ -2,7 +2,6 @@
 // and the journey driver run the program's real procedures on it.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
@@ -11,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/platform.h"
+#include "platform/disk_platform.h"
 
 // Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
 // program makes them: opening, reading, writing and closing a file, reading and storing a setting,
@@ -57,7 +56,7 @@ struct PathOrder {
 // unless it is empty or ends in a separator. Reading a file fails after it has been erased.
 using MemoryFiles = std::map<std::string, std::string, PathOrder>;
 
-struct HeadlessPlatform : Platform {
+struct HeadlessPlatform : DiskPlatform {
   HeadlessPlatform() = default;
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
@@ -79,6 +78,7 @@ struct HeadlessPlatform : Platform {
                           const std::string& otherwise) override;
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
+  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override;
   bool ContainsFile(const std::string& folder, std::string_view ending) override;
   std::unique_ptr<File> OpenToRead(const std::string& path) override;
   std::unique_ptr<File> OpenToWrite(const std::string& path) override;

@@ -1,9 +1,6 @@
 #include "platform/qt/accessibility.h"
 
 #include <QAccessibleWidget>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 
 #include "platform/qt/framed_window.h"
 #include "platform/qt/picture_view.h"
@@ -32,10 +29,4 @@ void Describe(QWidget* widget, const QString& text, bool isCalculated) {
   const QString description = parts.join(' ');
   // Qt announces every call of the setter as a change.
   if (widget->accessibleDescription() != description) widget->setAccessibleDescription(description);
-}
-
-void NameByLabel(QComboBox* box, QLabel* label) {
-  label->setBuddy(box);
-  box->setAccessibleName(label->text());
-  box->lineEdit()->setAccessibleName(label->text());
 }

@@ -5,8 +5,6 @@
 
 #include <QString>
 
-class QComboBox;
-class QLabel;
 class QWidget;
 
 // Sets the accessible roles of the windows (Window) and of the picture (Graphic); otherwise Qt
@@ -18,6 +16,3 @@ void InstallAccessibleRoles();
 // variable TARNWICK_FIELD_NAMES is set, for scripts that look for controls, the widget's object
 // name in brackets follows.
 void Describe(QWidget* widget, const QString& text, bool isCalculated = false);
-
-// Names a combo box and the editor in it by the caption of `label`.
-void NameByLabel(QComboBox* box, QLabel* label);

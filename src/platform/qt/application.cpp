@@ -23,13 +23,13 @@ Application::Application() {
   };
   desktop.serial.onComm = [this] { return runner.Run(SetUpCom::MSComm1_OnComm); };
   desktop.onViewerFailure = [this] { return runner.Run(ReportListingError); };
-  runner.onIdle = [this] { desktop.Recheck(); };
+  runner.onIdle = [this] { desktop.serial.Recheck(); };
   mainWindow.onClosed = [this] {
     desktop.FlushSettings();
     if (onEnd) onEnd();
   };
   AddKeys(mainWindow);
-  runner.AddRefresher(&mainWindow, [this] {
+  runner.AddRefresher([this] {
     EachWindow(w, [this](WindowName name, const char* /*objectName*/, const Window& state) {
       if (state.visible) WindowOf(name);
     });
@@ -58,12 +58,9 @@ FramedWindow& Application::WindowOf(WindowName name) {
   if (name == WindowName::Tarnwick) return mainWindow;
   std::unique_ptr<FramedWindow>& window = others_[static_cast<std::size_t>(name)];
   if (window) return *window;
-  if (name == WindowName::BearingCalc)
-    window = std::make_unique<PointingWindowView>(runner, mainWindow);
-  else if (name == WindowName::ShowList)
-    window = std::make_unique<ResultsWindowView>(runner);
-  else
-    window = std::make_unique<SetUpWindowView>(runner);
+  window = name == WindowName::BearingCalc ? MakePointingWindow(runner, mainWindow)
+           : name == WindowName::ShowList  ? MakeResultsWindow(runner)
+                                           : MakeSetUpWindow(runner);
   AddKeys(*window);
   return *window;
 }

@@ -1,40 +1,32 @@
 #include "platform/qt/binder.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFrame>
-#include <QLineEdit>
 #include <QMouseEvent>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QShortcut>
 #include <algorithm>
 #include <limits>
 
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/accessibility.h"
-#include "platform/qt/layout_helpers.h"
 
 namespace {
 
-// Calls a function on each left click into a widget that has no signal for it.
-class LeftClickFilter : public QObject {
+// A text field that can have an action for a left click.
+class ClickableEdit : public QLineEdit {
  public:
-  LeftClickFilter(QWidget* widget, std::function<void()> onClick)
-      : QObject(widget), widget_(widget), onClick_(std::move(onClick)) {
-    widget->installEventFilter(this);
-  }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() != QEvent::MouseButtonRelease) return false;
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    if (mouse->button() == Qt::LeftButton && widget_->rect().contains(mouse->position().toPoint()))
-      onClick_();
-    return false;
-  }
+  using QLineEdit::QLineEdit;
+  std::function<void()> onLeftClick;
 
- private:
-  QWidget* widget_;
-  std::function<void()> onClick_;
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    const bool isInside = rect().contains(event->position().toPoint());
+    if (onLeftClick && event->button() == Qt::LeftButton && isInside) onLeftClick();
+    QLineEdit::mouseReleaseEvent(event);
+  }
+  // Qt would insert the access key of a disabled button as text.
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool isAccessKey = event->modifiers() == Qt::AltModifier && !event->text().isEmpty();
+    if (!isAccessKey) QLineEdit::keyPressEvent(event);
+  }
 };
 
 // A button that ignores the second press of a double click, and leaves Enter to its window.
@@ -53,14 +45,13 @@ class SinglePressButton : public QPushButton {
   }
 };
 
-void SetColour(QWidget* widget, QPalette::ColorRole role, const Colour& colour) {
-  QPalette palette = widget->palette();
-  const bool isSet = palette.isBrushSet(QPalette::Active, role);
-  if (!colour && !isSet) return;
-  const QColor shown = colour ? ToQt(*colour) : LightPalette().color(role);
-  if (isSet && palette.color(QPalette::Active, role) == shown) return;
-  palette.setColor(QPalette::Active, role, shown);
-  palette.setColor(QPalette::Inactive, role, shown);
+// Shows the colours that have a value; the others are those of LightPalette.
+void SetColours(QWidget* widget,
+                std::initializer_list<std::pair<QPalette::ColorRole, const Colour&>> colours) {
+  QPalette palette;
+  for (const auto& [role, colour] : colours)
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+      if (colour) palette.setColor(group, role, ToQt(*colour));
   widget->setPalette(palette);
 }
 
@@ -81,13 +72,6 @@ std::string SanitizedText(QLineEdit* edit) {
   return text;
 }
 
-bool ShowsItems(const QComboBox& box, const std::vector<std::string>& items) {
-  int i = 0;
-  return box.count() == static_cast<int>(items.size()) &&
-         std::all_of(items.begin(), items.end(),
-                     [&](const std::string& item) { return box.itemText(i++) == ToQt(item); });
-}
-
 }  // namespace
 
 QPalette LightPalette() {
@@ -96,33 +80,40 @@ QPalette LightPalette() {
   return palette;
 }
 
-void Binder::Bind(QWidget* widget, const char* name, const char* tip,
-                  const std::function<void()>& refresh) const {
+template <class Control>
+void Binder::Bind(QWidget* widget, const char* name, Control& control,
+                  std::function<void()> show) const {
   widget->setObjectName(name);
+  QString tip;
+  if constexpr (requires { control.tip; }) tip = control.tip;
   // Qt wraps rich text alone, a short one too.
-  const QString text(tip);
   constexpr qsizetype kLongestLine = 80;
-  widget->setToolTip(text.size() <= kLongestLine
-                         ? text
-                         : "<p style='white-space:pre-wrap'>" + text.toHtmlEscaped());
+  widget->setToolTip(
+      tip.size() <= kLongestLine ? tip : "<p style='white-space:pre-wrap'>" + tip.toHtmlEscaped());
   Describe(widget, tip);
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   widget->setSizePolicy(policy);
+  const auto refresh = [widget, &control, show = std::move(show)] {
+    const QSignalBlocker blocker(widget);
+    show();
+    if constexpr (requires { control.enabled; }) widget->setEnabled(control.enabled);
+    widget->setVisible(control.visible);
+  };
   refresh();
-  runner_.AddRefresher(widget, refresh);
+  runner_.AddRefresher(refresh);
 }
 
-const Event* Binder::EventOf(const char* name, UserAction action) const {
-  return FindEvent(windowName_, name, action);
+std::function<void()> Binder::CommandOf(const char* name, UserAction action) const {
+  const Event* event = FindEvent(windowName_, name, action);
+  if (event == nullptr) return {};
+  return [&runner = runner_, event] { runner.Run(*event); };
 }
 
 QLineEdit* Binder::Make(const char* name, TextBox& control) const {
-  auto* edit = new QLineEdit(window_);
+  auto* edit = new ClickableEdit(window_);
   edit->setMaxLength(std::numeric_limits<int>::max());
-  edit->installEventFilter(window_);
-  Bind(edit, name, control.tip, [edit, &control] {
-    const QSignalBlocker blocker(edit);
+  Bind(edit, name, control, [edit, &control] {
     edit->setReadOnly(control.readOnly);
     const QString text = ToQt(control.text);
     if (edit->text() != text) {
@@ -133,20 +124,17 @@ QLineEdit* Binder::Make(const char* name, TextBox& control) const {
       // Typing replaces the text that the command has written.
       if (!control.readOnly && edit->window()->focusWidget() == edit) edit->selectAll();
     }
-    SetColour(edit, QPalette::Text, control.fore);
-    SetColour(edit, QPalette::Base, control.back);
+    SetColours(edit, {{QPalette::Text, control.fore}, {QPalette::Base, control.back}});
     Describe(edit, control.tip, control.redIfCalculated && control.fore == kRed);
-    edit->setEnabled(control.enabled);
-    edit->setVisible(control.visible);
   });
   QObject::connect(edit, &QLineEdit::textChanged, edit,
                    [edit, &control] { control.text = SanitizedText(edit); });
-  if (const Event* event = EventOf(name, UserAction::Click)) {
-    new LeftClickFilter(edit, [this, event] { runner_.Run(*event); });
+  edit->onLeftClick = CommandOf(name, UserAction::Click);
+  if (const Event* event = FindEvent(windowName_, name, UserAction::Click)) {
     auto* shortcut = new QShortcut(QKeySequence(event->key), window_);
-    QObject::connect(shortcut, &QShortcut::activated, edit, [this, event, edit] {
+    QObject::connect(shortcut, &QShortcut::activated, edit, [edit] {
       edit->setFocus();
-      runner_.Run(*event);
+      edit->onLeftClick();
     });
   }
   return edit;
@@ -155,14 +143,11 @@ QLineEdit* Binder::Make(const char* name, TextBox& control) const {
 QPlainTextEdit* Binder::Make(const char* name, TextArea& control) const {
   auto* edit = new QPlainTextEdit(window_);
   edit->setTabChangesFocus(true);
-  Bind(edit, name, control.tip, [edit, &control] {
-    const QSignalBlocker blocker(edit);
+  Bind(edit, name, control, [edit, &control] {
     if (edit->isReadOnly() != control.readOnly) edit->setReadOnly(control.readOnly);
     edit->setTextInteractionFlags(edit->textInteractionFlags() | Qt::TextSelectableByKeyboard);
     const QString text = ToQt(control.text);
     if (edit->toPlainText() != text) edit->setPlainText(text);
-    edit->setEnabled(control.enabled);
-    edit->setVisible(control.visible);
   });
   QObject::connect(edit, &QPlainTextEdit::textChanged, edit,
                    [edit, &control] { control.text = FromQt(edit->toPlainText()); });
@@ -172,12 +157,10 @@ QPlainTextEdit* Binder::Make(const char* name, TextArea& control) const {
 CaptionLabel* Binder::Make(const char* name, Label& control) const {
   auto* label = new CaptionLabel(window_);
   label->setTextFormat(Qt::PlainText);
-  Bind(label, name, "", [label, &control] {
+  Bind(label, name, control, [label, &control] {
     label->setText(ToQt(control.caption));
-    SetColour(label, QPalette::WindowText, control.fore);
-    SetColour(label, QPalette::Window, control.back);
+    SetColours(label, {{QPalette::WindowText, control.fore}, {QPalette::Window, control.back}});
     label->setAutoFillBackground(control.back.has_value());
-    label->setVisible(control.visible);
   });
   return label;
 }
@@ -185,70 +168,75 @@ CaptionLabel* Binder::Make(const char* name, Label& control) const {
 QPushButton* Binder::Make(const char* name, Button& control) const {
   auto* button = new SinglePressButton(window_);
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves Enter to the default button
-  if (const Event* event = EventOf(name, UserAction::Click))
-    QObject::connect(button, &QPushButton::clicked, button, [this, event] { runner_.Run(*event); });
-  Bind(button, name, control.tip, [button, &control] {
+  Bind(button, name, control, [button, &control] {
     button->setText(ToQt(control.caption));
-    SetColour(button, QPalette::Button, control.back);
+    SetColours(button, {{QPalette::Button, control.back}});
     // Qt would move the focus of a disabled or hidden button to the next button, which Enter would
     // then press.
     QWidget* window = button->window();
     if (window->focusWidget() == button && !(control.enabled && control.visible))
       window->setFocus();
-    button->setEnabled(control.enabled);
-    button->setVisible(control.visible);
   });
+  QObject::connect(button, &QPushButton::clicked, button, CommandOf(name, UserAction::Click));
   return button;
 }
 
 QCheckBox* Binder::Make(const char* name, CheckBox& control) const {
   auto* box = new QCheckBox(window_);
-  Bind(box, name, control.tip, [box, &control] {
-    const QSignalBlocker blocker(box);
+  Bind(box, name, control, [box, &control] {
     box->setText(ToQt(control.caption));
     box->setChecked(control.checked);
-    box->setEnabled(control.enabled);
-    box->setVisible(control.visible);
   });
-  const Event* event = EventOf(name, UserAction::Click);
-  QObject::connect(box, &QCheckBox::toggled, box, [this, event, &control](bool checked) {
-    control.checked = checked;
-    if (event != nullptr) runner_.Run(*event);
-  });
+  QObject::connect(box, &QCheckBox::toggled, box,
+                   [&control, run = CommandOf(name, UserAction::Click)](bool checked) {
+                     control.checked = checked;
+                     if (run) run();
+                   });
   return box;
 }
 
 QComboBox* Binder::Make(const char* name, ComboBox& control) const {
   auto* box = new QComboBox(window_);
-  box->setEditable(true);
+  box->setLineEdit(new ClickableEdit(box));
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
-  box->lineEdit()->installEventFilter(window_);
-  Bind(box, name, "", [box, &control] {
-    const QSignalBlocker blocker(box);
-    const bool sameItems = ShowsItems(*box, control.items);
-    if (!sameItems) {
+  Bind(box, name, control, [box, &control] {
+    QStringList items, shown;
+    for (const std::string& item : control.items) items << ToQt(item);
+    for (int i = 0; i < box->count(); ++i) shown << box->itemText(i);
+    if (shown != items) {
       box->clear();
-      for (const std::string& item : control.items) box->addItem(ToQt(item));
+      box->addItems(items);
     }
     const QString text = ToQt(control.text);
-    if (!sameItems || box->currentText() != text) {
+    if (shown != items || box->currentText() != text) {
       // The arrow keys continue from the current item; if the text is none of the items, they start
       // at the first.
       box->setCurrentIndex(box->findText(text));
       if (box->currentText() != text) box->setEditText(text);
     }
-    box->setEnabled(control.enabled);
-    box->setVisible(control.visible);
   });
   QObject::connect(box, &QComboBox::currentTextChanged, box,
                    [box, &control] { control.text = SanitizedText(box->lineEdit()); });
   return box;
 }
 
+ResultsList* Binder::Make(const char* name, ListBox& control) const {
+  auto* list = new ResultsList(control, window_);
+  list->onDoubleClick = CommandOf(name, UserAction::DoubleClick);
+  Bind(list, name, control, [list] { list->Refresh(); });
+  return list;
+}
+
 QFrame* Binder::Make(const char* name, Frame& control) const {
   auto* frame = new QFrame(window_);
   frame->setFrameStyle(QFrame::Box | QFrame::Plain);
-  Bind(frame, name, "", [frame, &control] { frame->setVisible(control.visible); });
+  Bind(frame, name, control, [] {});
   return frame;
+}
+
+PictureView* Binder::Make(const char* name, PictureBox& control) const {
+  auto* view = new PictureView(control, window_);
+  Bind(view, name, control, [view] { view->update(); });
+  return view;
 }

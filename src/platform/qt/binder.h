@@ -3,18 +3,16 @@
 // command that the event table lists for it.
 #pragma once
 
-#include <QPalette>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 
 #include "platform/qt/command_runner.h"
-
-class CaptionLabel;
-class QCheckBox;
-class QComboBox;
-class QFrame;
-class QLineEdit;
-class QPlainTextEdit;
-class QPushButton;
-class QWidget;
+#include "platform/qt/layout_helpers.h"
+#include "platform/qt/picture_view.h"
+#include "platform/qt/results_list.h"
 
 // Returns the palette for which the colours of the controls were chosen. All windows use it, even
 // on a dark desktop.
@@ -29,23 +27,25 @@ class Binder {
 
   // Makes the widget for a control; the control must outlive it. `name` is the control's name in
   // the event table; it becomes the object name of the widget. In the Tab order the widget comes
-  // after those made before.
+  // after those made before. A hidden widget keeps its place in the layout.
   QLineEdit* Make(const char* name, TextBox& control) const;
   QPlainTextEdit* Make(const char* name, TextArea& control) const;
   CaptionLabel* Make(const char* name, Label& control) const;
   QPushButton* Make(const char* name, Button& control) const;
   QCheckBox* Make(const char* name, CheckBox& control) const;
   QComboBox* Make(const char* name, ComboBox& control) const;
+  ResultsList* Make(const char* name, ListBox& control) const;
   QFrame* Make(const char* name, Frame& control) const;
-
-  // Names and describes a widget, keeps its place in the layout while it is hidden, and calls
-  // `refresh` now and on every refresh.
-  void Bind(QWidget* widget, const char* name, const char* tip,
-            const std::function<void()>& refresh) const;
-  // Returns the event for an action on a control, or null.
-  const Event* EventOf(const char* name, UserAction action) const;
+  PictureView* Make(const char* name, PictureBox& control) const;
 
  private:
+  // Names and describes a widget and shows the control in it, now and on every refresh: calls
+  // `show` for what only this kind of control has.
+  template <class Control>
+  void Bind(QWidget* widget, const char* name, Control& control, std::function<void()> show) const;
+  // Returns a function that runs the command for a user action; empty if there is none.
+  std::function<void()> CommandOf(const char* name, UserAction action) const;
+
   CommandRunner& runner_;
   WindowName windowName_;
   QWidget* window_;

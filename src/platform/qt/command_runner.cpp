@@ -25,9 +25,5 @@ bool CommandRunner::Run(const Event& event) {
 void CommandRunner::Refresh() {
   // By index: a refresher may create a window, which adds refreshers.
   for (std::size_t i = 0; i < refreshers_.size(); ++i)  // NOLINT(modernize-loop-convert)
-    if (refreshers_[i].first != nullptr) refreshers_[i].second();
-}
-
-void CommandRunner::AddRefresher(QObject* owner, std::function<void()> refresh) {
-  refreshers_.emplace_back(owner, std::move(refresh));
+    refreshers_[i]();
 }

@@ -1,7 +1,6 @@
 // Runs the user's commands on the record, one at a time, and then brings the windows up to date.
 #pragma once
 
-#include <QPointer>
 #include <deque>
 #include <functional>
 #include <utility>
@@ -25,12 +24,11 @@ class CommandRunner {
 
   // Makes the windows show the record.
   void Refresh();
-  // Calls `refresh` on every Refresh as long as `owner` exists, including a Refresh that is
-  // running.
-  void AddRefresher(QObject* owner, std::function<void()> refresh);
+  // Calls `refresh` on every Refresh, including one that is running.
+  void AddRefresher(std::function<void()> refresh) { refreshers_.push_back(std::move(refresh)); }
 
  private:
   // A deque, because a refresh may create a window, which adds refreshers while others run.
-  std::deque<std::pair<QPointer<QObject>, std::function<void()>>> refreshers_;
+  std::deque<std::function<void()>> refreshers_;
   bool busy_ = false;
 };

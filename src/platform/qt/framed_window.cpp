@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QLineEdit>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -23,26 +22,19 @@ float ToTwips(int pixels) {
   return static_cast<float>(pixels) * kTwipsPerPixel;
 }
 
-WindowName NameOf(const Workspace& w, const Window& state) {
-  WindowName found{};
-  EachWindow(w, [&](WindowName name, const char* /*objectName*/, const Window& window) {
-    if (&window == &state) found = name;
-  });
-  return found;
-}
-
 }  // namespace
 
-FramedWindow::FramedWindow(CommandRunner& runner, Window& state)
-    : runner_(runner), state_(state), name_(NameOf(runner.w, state)), binder_(runner, name_, this) {
+FramedWindow::FramedWindow(CommandRunner& runner, Window& state) : runner_(runner), state_(state) {
   InstallAccessibleRoles();
-  EachWindow(runner.w, [this](WindowName name, const char* objectName, const Window& /*window*/) {
-    if (name == name_) setObjectName(objectName);
+  EachWindow(runner.w, [this](WindowName name, const char* objectName, const Window& window) {
+    if (&window != &state_) return;
+    name_ = name;
+    setObjectName(objectName);
   });
   Describe(this, "");
   QApplication::setPalette(LightPalette());  // of message boxes and menus as well
   connect(qApp, &QApplication::focusChanged, this, &FramedWindow::ShowDefaultButton);
-  runner.AddRefresher(this, [this] { Refresh(); });
+  runner.AddRefresher([this] { Refresh(); });
 }
 
 // QWidget's destructor moves the focus when this object is no longer a FramedWindow.
@@ -71,7 +63,7 @@ QRect FramedWindow::ScreenAt(QPoint point) {
   return screen->availableGeometry();
 }
 
-QPoint FramedWindow::PlaceFor(QPoint wanted) const {
+QPoint FramedWindow::FramePositionFor(QPoint wanted) const {
   const QRect screen = ScreenAt(wanted);
   const QSize free = screen.size() - frameGeometry().size();
   return {std::clamp(wanted.x(), screen.left(), screen.left() + std::max(0, free.width())),
@@ -79,14 +71,14 @@ QPoint FramedWindow::PlaceFor(QPoint wanted) const {
 }
 
 void FramedWindow::Refresh() {
-  if (shown_.caption != state_.caption || windowTitle().isEmpty()) ShowTitle();
+  if (shown_.caption != state_.caption) ShowTitle();
   // Size before position: in the other order the window would shift by the size of its frame.
+  if (shown_.width != state_.width || shown_.height != state_.height) ShowSize();
   const bool appears = state_.visible && !isVisible();
-  if (appears || shown_.width != state_.width || shown_.height != state_.height) ShowSize();
   const bool moves = shown_.left != state_.left || shown_.top != state_.top;
   shown_ = state_;
   if (moves) isMovedByUser_ = false;
-  if (appears || moves) Place();
+  if (appears || moves) ShowPosition();
   if (state_.visible != isVisible()) setVisible(state_.visible);
 }
 
@@ -101,8 +93,8 @@ void FramedWindow::ShowTitle() {
     setMinimumWidth(std::min(width, ScreenAt(pos()).width()));
 }
 
-void FramedWindow::Place() {
-  move(PlaceFor({ToPixels(state_.left), ToPixels(state_.top)}));
+void FramedWindow::ShowPosition() {
+  move(FramePositionFor({ToPixels(state_.left), ToPixels(state_.top)}));
 }
 
 void FramedWindow::BringToFront() {
@@ -112,7 +104,7 @@ void FramedWindow::BringToFront() {
   setFocus();
 }
 
-void FramedWindow::ResizeToDesign() {
+void FramedWindow::ShowSize() {
   layout()->activate();
   const QSize design(ToPixels(state_.width), ToPixels(state_.height));
   resize(design.expandedTo(layout()->totalMinimumSize()));
@@ -150,19 +142,14 @@ void FramedWindow::showEvent(QShowEvent* event) {
 // own value.
 bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == windowHandle()) {
-    if (event->type() == QEvent::Move) TakeReportedPosition();
-    if (event->type() == QEvent::Resize) TakeReportedSize();
+    if (event->type() == QEvent::Move) RecordUserMove();
+    if (event->type() == QEvent::Resize) RecordUserResize();
     if (event->type() == QEvent::Expose && isAppearing_ && windowHandle()->isExposed()) {
       isAppearing_ = false;
       position_.EndRequest();
       size_.EndRequest();
-      Place();  // exactly, because the size of the frame is known now
+      ShowPosition();  // exactly, because the size of the frame is known now
     }
-  }
-  // Otherwise the field would insert the access key of a disabled button as text.
-  if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) != nullptr) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->modifiers() == Qt::AltModifier && !key->text().isEmpty()) return true;
   }
   return QWidget::eventFilter(watched, event);
 }
@@ -172,7 +159,7 @@ bool FramedWindow::IsNormal() const {
          !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
 }
 
-void FramedWindow::TakeReportedPosition() {
+void FramedWindow::RecordUserMove() {
   // Compared without the frame, whose size may be out of date while the state of the window
   // changes.
   const QPoint position = windowHandle()->position();
@@ -184,7 +171,7 @@ void FramedWindow::TakeReportedPosition() {
   isMovedByUser_ = true;
 }
 
-void FramedWindow::TakeReportedSize() {
+void FramedWindow::RecordUserResize() {
   const QSize size = windowHandle()->size();
   if (isAppearing_) return size_.Request(size);
   if (!IsNormal() || !size_.IsUsers(size)) return;

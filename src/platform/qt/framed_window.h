@@ -2,10 +2,7 @@
 // the default button, and the close button of the frame runs the window's command.
 #pragma once
 
-#include <QPushButton>
-#include <QWidget>
-#include <functional>
-#include <type_traits>
+#include <memory>
 
 #include "platform/qt/binder.h"
 #include "platform/qt/change_origin.h"
@@ -29,18 +26,17 @@ class FramedWindow : public QWidget {
 
   // Returns where to put the frame for a position in the record, both in pixels. By default the
   // whole window is on the screen if it fits.
-  virtual QPoint PlaceFor(QPoint wanted) const;
-  // Moves the window to PlaceFor of the position in the record.
-  void Place();
+  virtual QPoint FramePositionFor(QPoint wanted) const;
+  // Moves the window to FramePositionFor of the position in the record.
+  void ShowPosition();
   // Whether the position in the record is the user's choice.
   bool IsMovedByUser() const { return isMovedByUser_; }
   // Returns the area without task bars of the screen that contains a point, else of the primary
   // screen.
   static QRect ScreenAt(QPoint point);
-  // Resizes the window when it appears and when the size in the record changes.
-  virtual void ShowSize() {}
-  // Resizes the window to the size in the record, or to what the fonts need if that is more.
-  void ResizeToDesign();
+  // Resizes the window to the size in the record, or to what the fonts need if that is more. Called
+  // when the size in the record changes.
+  virtual void ShowSize();
   // Sets the button that Enter presses.
   void SetDefaultButton(QPushButton* button);
 
@@ -54,16 +50,15 @@ class FramedWindow : public QWidget {
 
   CommandRunner& runner_;
   Window& state_;
-  const WindowName name_;
-  const Binder binder_;
+  WindowName name_{};
 
  private:
   void Refresh();
   void ShowTitle();
   void ShowDefaultButton();
   bool IsNormal() const;  // visible, and neither minimised nor maximised
-  void TakeReportedPosition();
-  void TakeReportedSize();
+  void RecordUserMove();
+  void RecordUserResize();
 
   Window shown_;
   QPushButton* default_ = nullptr;
@@ -76,23 +71,23 @@ class FramedWindow : public QWidget {
 // A window of the record together with its controls.
 template <class Record>
 class RecordWindow : public FramedWindow {
- public:
-  // Makes and binds the widget for a control, such as Make(&MainWindow::InputText). The views make
-  // their widgets in the order of the table in control_tables.h, so that is the Tab order.
-  template <class Control>
-  auto* Make(Control Record::*control) {
-    auto* widget = binder_.Make(NameOf(control), record_.*control);
-    if constexpr (std::is_same_v<Control, Button> && requires { record_.defaultButton; }) {
-      runner_.AddRefresher(this, [this, control, widget] {
-        if (record_.defaultButton == control) SetDefaultButton(widget);
-      });
-    }
-    return widget;
+ protected:
+  // Makes the widgets of all controls, so the order of the table in control_tables.h is the Tab
+  // order.
+  RecordWindow(CommandRunner& runner, Record& record)
+      : FramedWindow(runner, record), record_(record) {
+    const Binder binder(runner, name_, this);
+    EachControl(record, [&](const char* name, auto& control) { binder.Make(name, control); });
+    if constexpr (requires { record.defaultButton; })
+      runner.AddRefresher([this] { SetDefaultButton(WidgetOf(record_.defaultButton)); });
   }
 
- protected:
-  RecordWindow(CommandRunner& runner, Record& record)
-      : FramedWindow(runner, record), record_(record) {}
+  // Returns the widget of a control, such as the QLineEdit of WidgetOf(&MainWindow::InputText).
+  template <class Control>
+  auto* WidgetOf(Control Record::*control) const {
+    using Widget = decltype(std::declval<Binder>().Make("", record_.*control));
+    return dynamic_cast<Widget>(findChild<QWidget*>(NameOf(control)));
+  }
 
   Record& record_;
 };

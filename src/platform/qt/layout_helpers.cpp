@@ -1,12 +1,12 @@
 #include "platform/qt/layout_helpers.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
-#include <QStyleOption>
 #include <algorithm>
 
 QSize CaptionLabel::minimumSizeHint() const {
@@ -23,25 +23,21 @@ void CaptionLabel::resizeEvent(QResizeEvent* event) {
   if (wraps_) updateGeometry();
 }
 
-void CaptionLabel::SetLastWordAt(int x) {
-  lastWordAt_ = x;
-  update();
-}
-
 void CaptionLabel::paintEvent(QPaintEvent* event) {
   const QRect area = contentsRect();
   const bool fits = sizeHint().width() <= area.width();
-  if (fits && lastWordAt_ == 0) return QLabel::paintEvent(event);
+  if (fits && lastWordAbove_ == nullptr) return QLabel::paintEvent(event);
 
   constexpr int kAlignment = Qt::AlignVCenter | Qt::AlignLeft;
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
   if (wraps_) {
     painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, text());
-  } else if (lastWordAt_ != 0) {
+  } else if (lastWordAbove_ != nullptr) {
     const qsizetype blank = text().lastIndexOf(' ');
     painter.drawText(area, kAlignment, text().left(blank));
-    painter.drawText(area.adjusted(lastWordAt_, 0, 0, 0), kAlignment, text().mid(blank + 1));
+    painter.drawText(area.adjusted(lastWordAbove_->x() - x(), 0, 0, 0), kAlignment,
+                     text().mid(blank + 1));
   } else {
     painter.drawText(area, kAlignment,
                      fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
@@ -92,11 +88,15 @@ void SetPlainFrame(QFrame* frame) {
 }
 
 void SetMinimumWidthFor(QLineEdit* edit, const char* text) {
+  constexpr int kMargins = 8;  // pixels
+  const int frame = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, edit);
   const int width = edit->fontMetrics().horizontalAdvance(QString::fromUtf8(text));
-  QStyleOptionFrame option;
-  option.initFrom(edit);
-  option.lineWidth = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit);
-  const QSize size = edit->style()->sizeFromContents(
-      QStyle::CT_LineEdit, &option, {width + 8, edit->fontMetrics().height()}, edit);
-  edit->setMinimumWidth(size.width());
+  edit->setMinimumWidth(width + kMargins + 2 * frame);
+}
+
+void AddLabelled(QGridLayout* grid, QLabel* label, QLineEdit* field, int row, int column,
+                 int fieldColumns) {
+  label->setBuddy(field);
+  grid->addWidget(label, row, column);
+  grid->addWidget(field, row, column + 1, 1, fieldColumns);
 }

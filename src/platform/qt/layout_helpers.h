@@ -5,18 +5,18 @@
 #include <QLabel>
 #include <QScrollArea>
 
+class QGridLayout;
 class QLineEdit;
 
 // A label that does not widen its window: a caption that is too long ends in dots, or makes the
-// label higher if wrapping is on. The last word can be drawn at a position of its own.
+// label higher if wrapping is on. The last word can be drawn above another widget.
 class CaptionLabel : public QLabel {
  public:
   using QLabel::QLabel;
   QSize minimumSizeHint() const override;
   void SetWrapping() { wraps_ = true; }
-  // Draws the last word `x` pixels from the left edge, instead of after as many blanks as precede
-  // it.
-  void SetLastWordAt(int x);
+  // Draws the last word at the left edge of `field`, instead of after as many blanks as precede it.
+  void SetLastWordAbove(const QWidget* field) { lastWordAbove_ = field; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -24,7 +24,7 @@ class CaptionLabel : public QLabel {
 
  private:
   bool wraps_ = false;
-  int lastWordAt_ = 0;
+  const QWidget* lastWordAbove_ = nullptr;
 };
 
 // Scrolls its content if the screen is too small for it.
@@ -53,3 +53,7 @@ void SetPlainFrame(QFrame* frame);
 
 // Makes a field wide enough for a text in its own font.
 void SetMinimumWidthFor(QLineEdit* edit, const char* text);
+
+// Puts a label and the field that it names beside each other, the label in column `column`.
+void AddLabelled(QGridLayout* grid, QLabel* label, QLineEdit* field, int row, int column,
+                 int fieldColumns = 1);

@@ -5,42 +5,51 @@
 
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/layout_helpers.h"
+#include "pointing/compass.h"
 
-PictureView::PictureView(const PictureBox& picture, const PictureScale& scale, QWidget* parent)
-    : QWidget(parent), picture_(picture), scale_(scale) {
+namespace {
+
+// The visible square of the picture's coordinates is [-kEdge, kEdge], with a margin for the
+// letters: the N begins above the top of the picture.
+constexpr double kEdge = 1.1 * kCompassEdge;
+
+// As parts of the picture's height. With larger letters the N would touch the circle.
+constexpr double kLetterSize = 0.16;
+constexpr double kPenWidth = 0.015;
+
+constexpr int kDesignHeight = 105;  // pixels, with the font of the design
+
+}  // namespace
+
+PictureView::PictureView(const PictureBox& picture, QWidget* parent)
+    : QWidget(parent), picture_(picture) {
   setMinimumSize(sizeHint());
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
 QSize PictureView::sizeHint() const {
-  const double height = scale_.designHeight * FontScale(this);
-  return {static_cast<int>(height * scale_.axes.width() / scale_.axes.height()),
-          static_cast<int>(height)};
+  const int height = static_cast<int>(kDesignHeight * FontScale(this));
+  return {height, height};
 }
 
 void PictureView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QRectF axes = scale_.axes;
-  const double pixelsPerUnit = std::min(width() / axes.width(), height() / axes.height());
-  QRectF area({}, axes.size() * pixelsPerUnit);
+  const double height = std::min(QWidget::width(), QWidget::height());
+  const double pixelsPerUnit = height / (2 * kEdge);
+  QRectF area(0, 0, height, height);
   area.moveCenter(QRectF(rect()).center());
   painter.setClipRect(area);
   painter.fillRect(area, picture_.back ? ToQt(*picture_.back) : palette().color(QPalette::Window));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(area.topLeft() - axes.topLeft() * pixelsPerUnit);
-  PaintOperations(painter, pixelsPerUnit);
-}
-
-void PictureView::PaintOperations(QPainter& painter, double pixelsPerUnit) const {
-  const double height = scale_.axes.height() * pixelsPerUnit;
+  painter.translate(area.center());
   QFont letters = font();
-  letters.setPixelSize(std::max(1, static_cast<int>(height * scale_.letterSize)));
+  letters.setPixelSize(std::max(1, static_cast<int>(height * kLetterSize)));
   painter.setFont(letters);
   const double ascent = QFontMetricsF(letters, this).ascent();
   QPointF lastPoint;
   for (const DrawOperation& op : picture_.operations) {
     const QPointF first = QPointF(op.x1, op.y1) * pixelsPerUnit;
-    painter.setPen(QPen(ToQt(op.colour), height * scale_.penWidth, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(ToQt(op.colour), height * kPenWidth, Qt::SolidLine, Qt::RoundCap));
     switch (op.kind) {
       case DrawOperation::Kind::Line:
         painter.drawLine(first, QPointF(op.x2, op.y2) * pixelsPerUnit);

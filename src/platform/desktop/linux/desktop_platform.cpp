@@ -1,0 +1,69 @@
+#include "platform/desktop/desktop_platform.h"
+
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <system_error>
+
+#include "platform/drive_paths.h"
+#include "workspace/record/workspace.h"
+
+Desktop::Desktop()
+    : settings_(QSettings::IniFormat, QSettings::UserScope, kProgramTitle, kProgramTitle) {
+  settings_.setFallbacksEnabled(false);
+  // The folder where the database and the listing are by default.
+  std::error_code error;
+  std::filesystem::create_directories(PlacesOf("c:\\geog").front(), error);
+}
+
+std::vector<std::filesystem::path> Desktop::PlacesOf(const std::string& path) const {
+  QStringList dataFolders =
+      QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);  // the user's first
+  dataFolders.insert(1, QCoreApplication::applicationDirPath() + "/../share");
+  std::vector<std::filesystem::path> places;
+  for (const QString& data : dataFolders)
+    places.push_back(NativePath(data.toStdString() + "/tarnwick/drive_c", CleanPath(path)));
+  return places;
+}
+
+// Passes the path or address of the command line, as one argument and without a shell, to xdg-open,
+// which starts the desktop's default viewer for it.
+bool Desktop::Shell(const std::string& command, WindowStyle style) {
+  std::string target = command;
+  for (const std::string_view start : {"Notepad.exe ", "cmd /c  start "})
+    if (target.starts_with(start)) target.erase(0, start.size());
+  // An absolute path, so that xdg-open takes no file name for an option.
+  std::error_code error;
+  if (!target.starts_with("https://"))
+    target = std::filesystem::absolute(PathToRead(target), error).string();
+  // Deleted when the viewer ends. It has no owner, because an owner would delete it at the end of
+  // this program, which would kill the viewer.
+  auto* viewer = new QProcess;
+  QElapsedTimer sinceStart;
+  sinceStart.start();
+  const auto onEnd = [=, this, desktopExists = QPointer(&serial)](int exitCode,
+                                                                  QProcess::ExitStatus status) {
+    viewer->deleteLater();
+    // xdg-open may run as long as its viewer. Only an error within ten seconds means that it could
+    // not show the file; a later one comes from the viewer.
+    const bool failed = exitCode != 0 || status != QProcess::NormalExit;
+    const bool isText = style == WindowStyle::Normal;  // failures of map viewers are ignored
+    if (failed && isText && desktopExists && sinceStart.elapsed() < 10'000) ReportViewerFailure();
+  };
+  QObject::connect(viewer, &QProcess::finished, viewer, onEnd);
+  viewer->setProgram("xdg-open");
+  viewer->setArguments({QString::fromStdString(target)});
+  viewer->setStandardInputFile(QProcess::nullDevice());
+  viewer->setStandardOutputFile(QProcess::nullDevice());
+  viewer->setStandardErrorFile(QProcess::nullDevice());
+  // A session of its own: Ctrl+C in the terminal of this program must not end the viewer.
+  viewer->setChildProcessModifier([] { setsid(); });
+  viewer->start();
+  if (viewer->waitForStarted()) return true;
+  delete viewer;
+  return false;
+}
