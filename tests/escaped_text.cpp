@@ -1,5 +1,6 @@
 #include "escaped_text.h"
 
+#include <charconv>
 #include <cstddef>
 
 #include "platform/code_page.h"
@@ -11,17 +12,6 @@ namespace {
 constexpr std::string_view kSpecial = "\\\n\r\t";
 constexpr std::string_view kLetters = "\\nrt";
 
-// Control characters, and codes that have no character in Windows-1252.
-bool IsInvisible(unsigned char code) {
-  return code < 32 || code == 127 || code == 0x81 || code == 0x8D || code == 0x8F || code == 0x90 ||
-         code == 0x9D;
-}
-
-int HexDigit(char c) {
-  const char upper = UpperOf(c);
-  return IsDigit(c) ? c - '0' : upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
-}
-
 }  // namespace
 
 std::string Escaped(std::string_view text) {
@@ -29,15 +19,16 @@ std::string Escaped(std::string_view text) {
   std::string out;
   for (const char c : text) {
     const auto code = static_cast<unsigned char>(c);
+    const std::string utf8 = ToUtf8({&c, 1});
+    // Codes that have no character in Windows-1252 become control characters of Unicode.
+    const bool isControl = code < 32 || code == 127 || (code < 0xA0 && utf8[0] == '\xC2');
     const std::size_t special = kSpecial.find(c);
     if (special != std::string_view::npos)
       out.append("\\").append(1, kLetters[special]);
-    else if (IsInvisible(code))
+    else if (isControl)
       out.append("\\x").append(1, kHex[code >> 4]).append(1, kHex[code & 15]);
-    else if (code < 128)
-      out += c;
     else
-      out += ToUtf8(std::string_view(&c, 1));
+      out += utf8;
   }
   return out;
 }
@@ -48,12 +39,14 @@ std::string Unescaped(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const std::string_view escape = text[i] == '\\' ? text.substr(i + 1, 3) : "";
     const std::size_t letter = escape.empty() ? std::string_view::npos : kLetters.find(escape[0]);
+    int code = 0;
     if (letter != std::string_view::npos) {
       utf8 += kSpecial[letter];
       ++i;
-    } else if (escape.size() == 3 && escape[0] == 'x' && HexDigit(escape[1]) >= 0 &&
-               HexDigit(escape[2]) >= 0) {
-      out += FromUtf8(utf8) + CharOf(HexDigit(escape[1]) * 16 + HexDigit(escape[2]));
+    } else if (escape.starts_with('x') &&
+               std::from_chars(&escape[1], escape.data() + escape.size(), code, 16).ptr ==
+                   text.data() + i + 4) {
+      out += FromUtf8(utf8) + CharOf(code);
       utf8.clear();
       i += 3;
     } else {

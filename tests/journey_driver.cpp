@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "escaped_text.h"
 #include "gps/nmea_receiver.h"
@@ -27,12 +28,14 @@ struct Session {
   HeadlessPlatform platform;
   std::unique_ptr<Workspace> w;  // null before the first start
   Printed printed;
+  bool isTranscript = false;
+  std::string* storing = nullptr;  // the file to which indented lines are added
 };
 
 // Removes the first word and the blank after it from `rest` and returns the word.
-std::string_view TakeWord(std::string_view& rest) {
+std::string TakeWord(std::string_view& rest) {
   const std::size_t end = std::min(rest.find(' '), rest.size());
-  const std::string_view word = rest.substr(0, end);
+  const std::string word(rest.substr(0, end));
   rest.remove_prefix(std::min(end + 1, rest.size()));
   return word;
 }
@@ -59,11 +62,11 @@ void Click(Workspace& w, std::string_view name) {
   if (event != nullptr) event->run(w);
 }
 
-void Edit(Workspace& w, std::string_view name, const std::string& text) {
+void Edit(Workspace& w, std::string_view name, std::string_view text) {
   ForControl(w, name, [&](WindowName, const std::string&, auto& state) {
     if constexpr (requires { state.readOnly; })
       if (state.readOnly) return;
-    if constexpr (requires { state.text; }) state.text = text;
+    if constexpr (requires { state.text; }) state.text = Unescaped(text);
   });
 }
 
@@ -75,10 +78,6 @@ bool Select(Workspace& w, std::string_view row) {
     return false;
   list.index = static_cast<int>(index);
   return true;
-}
-
-void Pick(Workspace& w, std::string_view row) {
-  if (Select(w, row)) FindEvent(WindowName::ShowList, "PR", UserAction::DoubleClick)->run(w);
 }
 
 void CloseByFrame(Workspace& w, std::string_view window) {
@@ -101,64 +100,73 @@ void Start(Session& session) {
   Form_Load(*session.w);
 }
 
-constexpr struct {
-  std::string_view name;
-  bool afterStart;  // false: at any time
-  void (*run)(Session& s, std::string_view rest);
-} kActions[] = {
-    {"home", false,
-     [](Session& s, std::string_view rest) { SetHomeFolder(s.platform, Unescaped(rest)); }},
-    {"setting", false,
-     [](Session& s, std::string_view rest) {
-       const std::string section(TakeWord(rest));
-       const std::string key(TakeWord(rest));
-       s.platform.StoreSetting(section, key, Unescaped(rest));
-     }},
-    {"port", false,
-     [](Session& s, std::string_view rest) {
-       s.platform.serial.ports.insert(static_cast<int>(TextToNumber(rest)));
-     }},
-    {"store", false,
-     [](Session& s, std::string_view rest) {
-       const std::string path = Unescaped(TakeWord(rest));
-       if (!s.platform.files) s.platform.files.emplace();
-       (*s.platform.files)[path] = Unescaped(rest);
-     }},
-    {"fail", false,
-     [](Session& s, std::string_view rest) {
-       s.platform.faults = {.failAt = RoundToInt16(TextToNumber(rest))};
-     }},
-    {"start", false, [](Session& s, std::string_view) { Start(s); }},
-    {"type", true,
-     [](Session& s, std::string_view rest) { Edit(*s.w, "Tarnwick.InputText", Unescaped(rest)); }},
-    {"enter", true,
-     [](Session& s, std::string_view) {
-       Click(*s.w, std::string("Tarnwick.") + NameOf(s.w->Tarnwick.defaultButton));
-     }},
-    {"click", true, [](Session& s, std::string_view rest) { Click(*s.w, rest); }},
-    {"tick", true, [](Session& s, std::string_view rest) { Click(*s.w, rest); }},
-    {"set", true,
-     [](Session& s, std::string_view rest) {
-       const std::string_view name = TakeWord(rest);
-       Edit(*s.w, name, Unescaped(rest));
-     }},
-    {"select", true, [](Session& s, std::string_view rest) { (void)Select(*s.w, rest); }},
-    {"pick", true, [](Session& s, std::string_view rest) { Pick(*s.w, rest); }},
-    {"feed", true,
-     [](Session& s, std::string_view rest) { Feed(s.platform.serial, Unescaped(rest)); }},
-    {"frame", true, [](Session& s, std::string_view rest) { CloseByFrame(*s.w, rest); }},
-    {"close", true, [](Session& s, std::string_view) { CloseByFrame(*s.w, "Tarnwick"); }},
-};
+void BeginTranscript(Session& session) {
+  session.isTranscript = true;
+  session.platform.files.emplace();
+  session.platform.today = std::chrono::year(2026) / 2 / 3;
+}
+
+// Runs an action that needs no started program. False if there is no such action.
+bool Prepare(Session& session, const std::string& action, std::string_view rest) {
+  HeadlessPlatform& platform = session.platform;
+  if (action == "home") {
+    SetHomeFolder(platform, Unescaped(rest));
+  } else if (action == "setting") {
+    const std::string section = TakeWord(rest);
+    const std::string key = TakeWord(rest);
+    platform.StoreSetting(section, key, Unescaped(rest));
+  } else if (action == "port") {
+    platform.serial.ports.insert(static_cast<int>(TextToNumber(rest)));
+  } else if (action == "store") {
+    const std::string path = Unescaped(TakeWord(rest));
+    if (!platform.files) platform.files.emplace();
+    session.storing = &(*platform.files)[path];
+    *session.storing = Unescaped(rest);
+  } else if (action == "fail") {
+    platform.faults = {.failAt = RoundToInt16(TextToNumber(rest))};
+  } else if (action == "start") {
+    Start(session);
+  } else if (action == "transcript") {
+    BeginTranscript(session);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// Runs an action of the user. False if there is no such action.
+bool Act(Workspace& w, HeadlessSerial& serial, const std::string& action, std::string_view rest) {
+  if (action == "type")
+    Edit(w, "Tarnwick.InputText", rest);
+  else if (action == "enter")
+    Click(w, std::string("Tarnwick.") + NameOf(w.Tarnwick.defaultButton));
+  else if (action == "click" || action == "tick")
+    Click(w, rest);
+  else if (action == "set")
+    Edit(w, TakeWord(rest), rest);
+  else if (action == "select")
+    (void)Select(w, rest);
+  else if (action == "pick" && Select(w, rest))
+    FindEvent(WindowName::ShowList, "PR", UserAction::DoubleClick)->run(w);
+  else if (action == "feed")
+    Feed(serial, Unescaped(rest));
+  else if (action == "frame")
+    CloseByFrame(w, rest);
+  else if (action == "close")
+    CloseByFrame(w, "Tarnwick");
+  else
+    return action == "pick";
+  return true;
+}
 
 // Runs the action of a line. False if there is no such action, or not before the first start.
-bool Act(Session& session, std::string_view name, std::string_view rest) {
-  for (const auto& action : kActions) {
-    if (action.name != name) continue;
-    if (action.afterStart && !session.w) return false;
-    action.run(session, rest);
-    return true;
-  }
-  return false;
+bool Run(Session& session, std::string_view line, std::ostream& shown) {
+  const std::string action = TakeWord(line);
+  if (action == "show")
+    PrintChanges(session.w.get(), session.platform, session.printed, shown);
+  else if (!action.empty() && action.front() != '#' && !Prepare(session, action, line))
+    return session.w && Act(*session.w, session.platform.serial, action, line);
+  return true;
 }
 
 }  // namespace
@@ -166,19 +174,30 @@ bool Act(Session& session, std::string_view name, std::string_view rest) {
 bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints,
                 const std::function<void(const Workspace& w)>& afterEach) {
   Session session;
+  std::ostream nowhere(nullptr);
   bool understood = true;
+  bool areChangesDue = false;
+  const auto showChanges = [&](std::ostream& out) {
+    PrintCompactly(session.w.get(), session.platform, session.printed, out);
+  };
   for (std::string line; std::getline(actions, line);) {
-    std::string_view rest = line;
-    if (!rest.empty() && rest.back() == '\r') rest.remove_suffix(1);
-    const std::string_view action = TakeWord(rest);
-    if (action.empty() || action.front() == '#') continue;
-    if (action == "show") {
-      PrintChanges(session.w.get(), session.platform, session.printed, shown);
-    } else if (!Act(session, action, rest)) {
-      complaints << "not an action here: " << line << '\n';
-      understood = false;
+    if (line.ends_with('\r')) line.pop_back();
+    if (!line.starts_with("  ")) {
+      if (std::exchange(areChangesDue, false)) showChanges(shown);
+      session.storing = nullptr;
+      const bool isAction = Run(session, line, shown);
+      if (!isAction) complaints << "not an action here: " << line << '\n';
+      understood = understood && isAction;
+      if (afterEach && session.w) afterEach(*session.w);
+    } else if (session.storing != nullptr) {
+      *session.storing += Unescaped(line.substr(2)) + "\r\n";
+    } else if (line == "  ...") {
+      showChanges(nowhere);
+    } else {
+      areChangesDue = session.isTranscript;
     }
-    if (afterEach && session.w) afterEach(*session.w);
+    if (session.isTranscript && !areChangesDue) shown << line << '\n';
   }
+  if (areChangesDue) showChanges(shown);
   return understood;
 }

@@ -7,10 +7,15 @@
 //   setting SECTION KEY TEXT
 //                   stores a setting
 //   port N          serial port N can be opened from now on
-//   store PATH TEXT stores a file in memory; from now on there are no other files
+//   store PATH TEXT stores a file in memory; from now on there are no other files. Indented lines
+//                   after it are further lines of the file, each ended by CR LF
 //   fail N          the N-th call of the system from now on fails (FaultInjection)
 //   start           starts the program, if it does not run
 //   show            prints the values that differ from the last show, as PrintChanges does
+//   transcript      from now on all lines are printed, but each block of other indented lines is
+//                   replaced by the changes since the last such block (PrintCompactly); a block that
+//                   is only "..." stays, and the changes are not shown. Files are in memory, and it
+//                   is 2026-02-03
 // After the first start:
 //   type TEXT       types TEXT into the input box, without a click in it
 //   enter           presses Enter: the default button
@@ -30,9 +35,9 @@
 
 #include "workspace/record/workspace.h"
 
-// Reads actions until the end of the input; empty lines and lines that start with # are skipped. A
-// line that is no action is reported on `complaints`; the actions after it still run, and the
-// result is false. `afterEach` is called with the record after every action from the first start
-// on.
+// Reads actions until the end of the input; empty lines and lines that start with # are skipped,
+// and so are indented lines that follow no `store`. A line that is no action is reported on
+// `complaints`; the actions after it still run, and the result is false. `afterEach` is called with
+// the record after every action from the first start on.
 bool RunJourney(std::istream& actions, std::ostream& shown, std::ostream& complaints,
                 const std::function<void(const Workspace& w)>& afterEach = {});

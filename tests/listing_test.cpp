@@ -1,15 +1,15 @@
+// The accelerator of the listing against the exact path.
 #include "sites/listing/listing.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <functional>
 #include <iterator>
+#include <optional>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "geo/grid_reference.h"
@@ -18,12 +18,15 @@
 #include "platform/headless/headless.h"
 #include "sites/database/line_reader.h"
 #include "sites/listing/approximate_place.h"
+#include "sites/listing/fast_listing.h"
 #include "sites/listing/listing_row.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/values/number_text.h"
 
 namespace {
+
+// ---- whole listings
 
 // The rows that the exact path alone writes.
 std::string PlainRows(Workspace& w) {
@@ -41,13 +44,6 @@ std::string PlainRows(Workspace& w) {
   return rows;
 }
 
-std::string RowsOfFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  const std::string content(std::istreambuf_iterator<char>(file), {});
-  const std::string heading = "Back           Distance\r\n\r\n";
-  return content.substr(content.find(heading) + heading.size());
-}
-
 // The values of the workspace that a run changes.
 auto StateOf(const Workspace& w) {
   const MainWindow& main = w.Tarnwick;
@@ -57,152 +53,113 @@ auto StateOf(const Workspace& w) {
                     main.InputText.text);
 }
 
-class Listing : public testing::Test {
- protected:
-  Listing() { std::filesystem::create_directories(folder); }
-  ~Listing() override { std::filesystem::remove_all(folder); }
+char OneOf(std::mt19937& random, std::string_view characters) {
+  return characters[random() % characters.size()];
+}
 
-  void Write(const std::string& records) {
-    std::ofstream(folder + "/Sites.dat", std::ios::binary) << records;
-  }
+std::string SomeOf(std::mt19937& random, std::string_view characters, std::size_t count) {
+  std::string text;
+  while (text.size() < count) text += OneOf(random, characters);
+  return text;
+}
 
-  // Lists the database with and without the accelerator, and compares rows and workspaces. Sets
-  // `last` to the distance of the last record; returns the number of rows.
-  std::size_t Compare(const std::function<void(Workspace&)>& prepare, const std::string& what) {
-    HeadlessPlatform platform;
-    Workspace plain(platform);
-    Workspace fast(platform);
-    for (Workspace* w : {&plain, &fast}) {
-      w->Tarnwick.LocDatabase.text = folder + "/Sites.dat";
-      w->Tarnwick.ListFileName.text = folder + "/List.txt";
-      prepare(*w);
-    }
-    const std::string expected = PlainRows(plain);
-    MakeList_Click(fast);
-    EXPECT_TRUE(RowsOfFile(folder + "/List.txt") == expected) << what;
-    EXPECT_EQ(StateOf(fast), StateOf(plain)) << what;
-    last = NumberToText(plain.Dist.number);
-    return expected.size() / (kRowLength + 2);
-  }
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kSubsquares = "ABCDEFGHIJKLMNOPQRSTUVWX";
 
-  const std::string folder = testing::TempDir() + "tarnwick-listing" + std::to_string(getpid());
-  std::string last;
-};
+// A position of any kind, mostly in a few squares, some at the edge of the grid and of its box, and
+// texts that are almost references.
+std::string PositionFrom(std::mt19937& random) {
+  static const char* const kSquares[] = {"SU", "TQ", "NY", "HP", "SV",
+                                         "su", "JC", "AA", "ZI", "VZ"};
+  static const char* const kFields[] = {"IO91", "JO01", "JO02", "IN79", "IO62",
+                                        "io83", "JJ00", "RR99", "AR09", "IO71"};
+  // clang-format off
+  static const char* const kOdd[] = {
+      "51.5 -1.2", "", "IO9", "SU 123 456", "SU1234X6", "IO91WMX", "IO91YA", "IO91WMAB", "\xC9O91WM",
+      "SU12345E", "SU1234567", "IO91WM44MMXX", "SU12345678901234", "IO91WM44mm33", "IO91 W M 4 4",
+      "SU12 34567890", "SU12&HFF", "SU123412E9", "IO91WM44MM\xFF\xFF",
+      "SU12345678901234567890123456789012345678901234567890",
+      "IO91WM44MMAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"};
+  // clang-format on
+  const auto kind = random() % 100;
+  const bool isRare = random() % 4 == 0;
+  if (kind < 45)
+    return kSquares[random() % (isRare ? std::size(kSquares) : 4)] + SomeOf(random, kDigits, 2) +
+           (random() % 9 == 0 ? " " : "") + SomeOf(random, kDigits, 2 + 2 * (random() % 4));
+  if (kind < 47) return "IO91WM44MM";  // the place of a home station
+  if (kind < 50)                       // due north of one
+    return "SU7" + SomeOf(random, "0", 2) + SomeOf(random, "09", 1) + "45" +
+           SomeOf(random, "09", 2);
+  if (kind >= 90) return kOdd[random() % std::size(kOdd)];
+  std::string locator = kFields[random() % (isRare ? std::size(kFields) : 4)];
+  locator += SomeOf(random, kSubsquares, 2);
+  if (random() % 3 != 0) locator += SomeOf(random, kDigits, 2);
+  return locator.size() == 8 && random() % 2 == 0 ? locator + SomeOf(random, "ALMxX", 2) : locator;
+}
 
-// Returns records of every kind, most of them in a few squares. They include places near the first
-// home station and due north of it, cells at the edge of the grid and of its box, and texts that
-// are almost references.
 std::string RecordsFrom(std::mt19937& random, int count) {
-  const auto one = [&random](std::string_view of) { return of[random() % of.size()]; };
-  const auto some = [&](std::string_view of, auto number) {
-    std::string text;
-    for (; number > 0; --number) text += one(of);
-    return text;
-  };
-  const std::string_view digits = "0123456789";
-  const char* const squares[] = {"SU", "TQ", "NY", "HP", "SV", "su", "JC", "AA", "ZI", "VZ"};
-  const char* const fields[] = {"IO91", "JO01", "JO02", "IN79", "IO62",
-                                "io83", "JJ00", "RR99", "AR09", "IO71"};
-  const char* const odd[] = {"51.5 -1.2",
-                             "",
-                             "IO9",
-                             "SU 123 456",
-                             "SU1234X6",
-                             "IO91WMX",
-                             "IO91YA",
-                             "IO91WMAB",
-                             "\xC9O91WM",
-                             "SU12345E",
-                             "SU1234567",
-                             "IO91WM44MMXX",
-                             "SU12345678901234",
-                             "IO91WM44mm33",
-                             "IO91 W M 4 4",
-                             "SU12 34567890",
-                             "SU12&HFF",
-                             "SU123412E9",
-                             "IO91WM44MM\xFF\xFF",
-                             "SU12345678901234567890123456789012345678901234567890",
-                             "IO91WM44MMAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"};
   std::string records;
   for (int i = 0; i < count; ++i) {
-    records += one("HTx") + some("ill op~aEND", random() % 9) + "~";
-    const auto kind = random() % 100;
-    if (kind < 45) {
-      const auto half = 2 + random() % 4;
-      records += squares[random() % (random() % 4 == 0 ? std::size(squares) : 4)];
-      records += some(digits, 2) + (random() % 9 == 0 ? " " : "") + some(digits, 2 * half - 2);
-    } else if (kind < 50) {
-      records += random() % 2 == 0 ? "IO91WM44MM"
-                                   : "SU7" + some("0", 2) + some("09", 1) + "45" + some("09", 2);
-    } else if (kind < 90) {
-      records += fields[random() % (random() % 4 == 0 ? std::size(fields) : 4)];
-      records += some("ABCDEFGHIJKLMNOPQRSTUVWX", 2);
-      if (random() % 3 != 0)
-        records += some(digits, 2) + (random() % 2 == 0 ? some("ALMxX", 2) : "");
-    } else {
-      records += odd[random() % std::size(odd)];
-    }
-    records += (random() % 40 == 0 ? "~ENDENDEND" : "~a remark") + std::string("\r\n");
+    records += OneOf(random, "HTx") + SomeOf(random, "ill op~aEND", random() % 9) + "~" +
+               PositionFrom(random) + (random() % 40 == 0 ? "~ENDENDEND\r\n" : "~a remark\r\n");
     if (random() % 50 == 0) records += "no record\r\n";
   }
   // A last record outside the box of IsInGridBox, in a square of degrees that is partly in the box.
-  if (random() % 2 == 0) records += "Sea~JO01" + some("VWX", 1) + some("ABC", 1) + "\r\n";
+  if (random() % 2 == 0) records += "Sea~JO01" + SomeOf(random, "VWX", 1) + "A\r\n";
   return records;
 }
 
-// A distance of nullptr means the distance of the last record.
-struct Restriction {
-  const char *minimum, *maximum, *from, *to, *name;
-  void WriteTo(MainWindow& main) const {
-    main.MinDisttext.text = minimum;
-    main.MaxDistText.text = maximum;
-    main.FromBearText.text = from;
-    main.ToBearText.text = to;
-    main.Srchtext.text = name;
-  }
-};
-
-TEST_F(Listing, AcceleratedRowsEqualPlainRows) {
+TEST(Listing, AcceleratedRowsEqualPlainRows) {
   const int records = std::getenv("TARNWICK_DEEP") != nullptr ? 20'000 : 4'000;
   std::mt19937 random(1);
   const char* const homes[] = {"SU70004500",     "51.5N 1.25W",   "IO91WM44MM",
                                "0 0N 0E",        "51.5S 178.75E", "94N 3E",
                                "52N 361W",       "50.06N 5.7W",   "51.518836S 179.871003E",
                                "51.18N 1.0006W", "10N 179.9W",    "90N 0E"};
-  const Restriction runs[] = {
-      {"0", "99999", "0", "360", ""},     {"", "20", "0", "360", ""},
-      {"5", "50", "350", "10", ""},       {"100", "9999", "45", "225.5", "ill"},
-      {"0", "99999", "90", "90", ""},     {"19000", "99999", "0", "180", "t"},
-      {"0", "16.2", "0", "360", "To"},    {"300", "400", "180", "0", ""},
-      {nullptr, "99999", "0", "360", ""}, {"0", nullptr, "0", "360", ""}};
+  const struct {
+    const char *minimum, *maximum, *from, *to, *name;  // =: the distance of the last record
+  } runs[] = {{"0", "99999", "0", "360", ""},  {"", "20", "0", "360", ""},
+              {"5", "50", "350", "10", ""},    {"100", "9999", "45", "225.5", "ill"},
+              {"0", "99999", "90", "90", ""},  {"19000", "99999", "0", "180", "t"},
+              {"0", "16.2", "0", "360", "To"}, {"300", "400", "180", "0", ""},
+              {"=", "99999", "0", "360", ""},  {"0", "=", "0", "360", ""}};
   std::size_t rows = 0;
   for (const char* home : homes) {
-    Write(RecordsFrom(random, records));
-    for (const Restriction& run : runs) {
-      const auto prepare = [&](Workspace& w) {
-        w.Tarnwick.InputText.text = home;
-        FindIt_Click(w);
-        SetHome_Click(w);
-        Restriction all = run;
-        if (all.minimum == nullptr) all.minimum = last.c_str();
-        if (all.maximum == nullptr) all.maximum = last.c_str();
-        all.WriteTo(w.Tarnwick);
-      };
-      rows += Compare(prepare, home);
-      if (HasFailure()) return;
+    HeadlessPlatform platform;
+    platform.files = {{kDefaultDatabase, RecordsFrom(random, records)}};
+    std::string last;
+    for (const auto& run : runs) {
+      Workspace plain(platform);
+      Workspace fast(platform);
+      for (Workspace* w : {&plain, &fast}) {
+        MainWindow& main = w->Tarnwick;
+        main.LocDatabase.text = kDefaultDatabase;
+        main.ListFileName.text = "List";
+        main.InputText.text = home;
+        FindIt_Click(*w);
+        SetHome_Click(*w);
+        main.MinDisttext.text = *run.minimum == '=' ? last : run.minimum;
+        main.MaxDistText.text = *run.maximum == '=' ? last : run.maximum;
+        main.FromBearText.text = run.from;
+        main.ToBearText.text = run.to;
+        main.Srchtext.text = run.name;
+      }
+      const std::string expected = PlainRows(plain);
+      MakeList_Click(fast);
+      const std::string& listing = (*platform.files)["List"];
+      ASSERT_TRUE(listing.substr(listing.find("Distance\r\n\r\n") + 12) == expected) << home;
+      ASSERT_EQ(StateOf(fast), StateOf(plain)) << home;
+      rows += expected.size() / (kRowLength + 2);
+      last = NumberToText(plain.Dist.number);
     }
   }
   EXPECT_GT(rows, 40000U);
 }
 
+// ---- single places
+
 constexpr auto kGrid = CoordinateForm::EastingNorthing;
 constexpr auto kDegrees = CoordinateForm::LonLat;
-
-struct Square {
-  CoordinateForm form;
-  Rectangle over;
-};
 
 // A place by the exact formulas, as PlaceAt supplies it.
 ApproximatePlace ExactPlace(const HomeStation& home, CoordinateForm form, double x, double y) {
@@ -217,14 +174,25 @@ ApproximatePlace ExactPlace(const HomeStation& home, CoordinateForm form, double
   return place;
 }
 
-// Compares every square, from home stations near and far, with the exact formulas.
+void ExpectWithinBounds(const HomeStation& home, const LocalPolynomials& polynomials,
+                        CoordinateForm form, double x, double y) {
+  const ApproximatePlace exact = ExactPlace(home, form, x, y);
+  const ApproximatePlace place = PlaceAt(home, polynomials, form, x, y);
+  ASSERT_NEAR(place.x, exact.x, form == kGrid ? kLonError : kMetreError) << x << " " << y;
+  ASSERT_NEAR(place.y, exact.y, form == kGrid ? kLatError : kMetreError) << x << " " << y;
+  if (!AreWellConditioned(place.figures)) return;
+  ASSERT_NEAR(place.figures.distance, exact.figures.distance, kDistanceError) << x << " " << y;
+  ASSERT_NEAR(place.figures.bearing, exact.figures.bearing, kBearingError) << x << " " << y;
+  ASSERT_NEAR(place.figures.backbearing, exact.figures.backbearing, kBearingError) << x << " " << y;
+}
+
+// Every square, seen from home stations near and far, and from those of which the bearing of a
+// place changes much with a small shift: close to the place, to its antipode and to a pole, and
+// almost due north or south of it.
 TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> unit(0, 1);
-  const HomeStation homes[] = {HomeStationAt(51.5, -1.25), HomeStationAt(57, -3.4),
-                               HomeStationAt(-38.66, 178.02), HomeStationAt(84.9, 100),
-                               HomeStationAt(94, 3)};
-  std::vector<Square> squares;
+  std::vector<std::pair<CoordinateForm, Rectangle>> squares;
   for (int column = 0; column < 7; ++column)
     for (int row = 0; row < 14; ++row)
       squares.push_back({kGrid, {column * 1e5, row * 1e5, 1e5, 1e5}});
@@ -232,189 +200,132 @@ TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
     for (int row = 0; row < 12; ++row)
       squares.push_back({kDegrees, {column * 2.0 - 8, row + 49.0, 2, 1}});
   for (const auto& [form, over] : squares) {
-    for (const HomeStation& home : homes) {
+    const auto expect = [&, form = form, over = over](double homeLat, double homeLon, double x,
+                                                      double y, int rounds) {
+      const HomeStation home = HomeStationAt(homeLat, homeLon);
       const LocalPolynomials polynomials = PolynomialsOf(home, over, form);
-      for (int round = 0; round < 400; ++round) {
+      for (int round = 0; round < rounds && !HasFatalFailure(); ++round) {
+        ExpectWithinBounds(home, polynomials, form, x, y);
         // One in four on the western or southern edge.
-        const double x = over.x + over.width * (round % 8 == 0 ? 0 : unit(random));
-        const double y = over.y + over.height * (round % 8 == 1 ? 0 : unit(random));
-        const ApproximatePlace exact = ExactPlace(home, form, x, y);
-        const ApproximatePlace place = PlaceAt(home, polynomials, form, x, y);
-        ASSERT_NEAR(place.x, exact.x, form == kGrid ? kLonError : kMetreError) << x << " " << y;
-        ASSERT_NEAR(place.y, exact.y, form == kGrid ? kLatError : kMetreError) << x << " " << y;
-        ASSERT_NEAR(place.figures.distance, exact.figures.distance, kDistanceError);
-        if (!AreWellConditioned(place.figures)) continue;
-        ASSERT_NEAR(place.figures.bearing, exact.figures.bearing, kBearingError);
-        ASSERT_NEAR(place.figures.backbearing, exact.figures.backbearing, kBearingError);
+        x = over.x + over.width * (round % 8 == 0 ? 0 : unit(random));
+        y = over.y + over.height * (round % 8 == 1 ? 0 : unit(random));
       }
+    };
+    const double x = over.x + over.width * unit(random);
+    const double y = over.y + over.height * unit(random);
+    for (const auto& [lat, lon] :
+         {std::pair(51.5, -1.25), {57., -3.4}, {-38.66, 178.02}, {84.9, 100.}, {94., 3.}})
+      expect(lat, lon, x, y, 300);
+    const ApproximatePlace place = ExactPlace(HomeStationAt(0, 0), form, x, y);
+    const double lat = form == kGrid ? place.y : y;
+    const double lon = form == kGrid ? place.x : x;
+    for (const double shift : {1e-6, -1e-4, 1e-2, 5e-2}) {
+      expect(lat + shift, lon + shift, x, y, 1);
+      expect(-lat, lon + 180 + shift, x, y, 1);
+      expect(lat + 1, lon + shift / 1000, x, y, 1);
+      expect(lat - 1, lon - shift / 1000, x, y, 1);
+      expect(90 - std::fabs(shift) / 1000, lon + 90, x, y, 1);
     }
+    if (HasFatalFailure()) return;
   }
 }
 
 // The values of a place, scaled so that their whole parts decide what a row shows: two coordinates,
-// the distance and both bearings.
-std::array<double, 5> DecisionsOf(const ApproximatePlace& place, CoordinateForm form) {
-  const double x = form == kGrid ? (place.x + 180) / 2 * 5760 : place.x / 10 + 0.5;
-  const double y = form == kGrid ? (place.y + 90) * 5760 : place.y / 10 + 0.5;
+// the distance and both bearings; and the bounds on their errors.
+struct Decision {
+  double value, error;
+};
+std::array<Decision, 5> DecisionsOf(const ApproximatePlace& place, CoordinateForm form) {
   const auto& [distance, bearing, backbearing] = place.figures;
-  return {x, y, distance * 10 + 0.5, bearing * 10 + 0.5, backbearing * 10 + 0.5};
+  const Decision ofGrid[] = {{place.x / 10 + 0.5, kMetreError / 10},
+                             {place.y / 10 + 0.5, kMetreError / 10}};
+  const Decision ofDegrees[] = {{(place.x + 180) / 2 * 5760, kLonError / 2 * 5760},
+                                {(place.y + 90) * 5760, kLatError * 5760}};
+  const auto* const coordinates = form == kGrid ? ofDegrees : ofGrid;
+  return {coordinates[0],
+          coordinates[1],
+          {distance * 10 + 0.5, kDistanceError * 10},
+          {bearing * 10 + 0.5, kBearingError * 10},
+          {backbearing * 10 + 0.5, kBearingError * 10}};
 }
 
-struct Record {
-  std::string position;
-  double x = 0, y = 0;
+// A run of the accelerator from a home station at 51.5 N 1.25 W, in one square.
+struct SquareRun {
+  explicit SquareRun(CoordinateForm formOfSquare, const Limits& limitsOfRun)
+      : form(formOfSquare), limits(limitsOfRun) {
+    Try();
+  }
+  // Tries a random record, or the last one again.
+  std::optional<bool> Try(bool again = false) {
+    if (!again)
+      line = form == kGrid ? "Site~SE" + SomeOf(random, kDigits, 10)
+                           : "Site~JO02" + SomeOf(random, kSubsquares, 2) +
+                                 SomeOf(random, kDigits, 2) + SomeOf(random, kSubsquares, 2);
+    SiteRecord record;
+    EXPECT_TRUE(ReadRecord(line, record));
+    std::string row;
+    return TryFastRow(fast, record, row);
+  }
+  // The place of the last record.
+  ApproximatePlace Exact() const {
+    double x = 0, y = 0, resolution = 0;
+    if (form == kGrid)
+      NGRToGrid(line.substr(5), x, y, resolution);
+    else
+      LocatorToWGS84(line.substr(5), y, x, resolution);
+    return ExactPlace(fast.home, form, x, y);
+  }
+  Workspace& AtHome() {
+    w.BaseLat = 51.5;
+    w.BaseLong = -1.25;
+    return w;
+  }
+
+  CoordinateForm form;
+  Limits limits;
+  HeadlessPlatform platform;
+  Workspace w{platform};
+  ListingAccelerator fast = AcceleratorFor(AtHome(), limits);
+  std::mt19937 random{1};
+  std::string line;
 };
 
-// A record of ten digits on the grid.
-Record GridRecord(int easting, int northing) {
-  const auto [first, second] = SquareLetters(easting / 100000, northing / 100000);
-  const double digits = 1e10 + easting % 100000 * 1e5 + northing % 100000;
-  return {std::string{first, second} + FormatPicture(digits, "0").substr(1), 1.0 * easting,
-          1.0 * northing};
-}
+const Limits kNoLimits{0, 99999, 0, 360, CaseBlindText("")};
 
-// A record of ten characters in a square of degrees.
-Record LocatorRecord(const Rectangle& over, std::mt19937& random) {
-  Record record;
-  GenLocator(over.y + 0.5, over.x + 1, record.position);
-  for (std::size_t i = 4; i < 10; ++i)
-    record.position[i] = static_cast<char>(i / 2 == 3 ? '0' + random() % 10 : 'A' + random() % 24);
-  double resolution = 0;
-  LocatorToWGS84(record.position, record.y, record.x, resolution);
-  return record;
-}
-
-const Square kSquares[] = {{kGrid, {600000, 1300000, 100000, 100000}}, {kDegrees, {-8, 60, 2, 1}}};
-
-Record RandomRecord(const Square& square, std::mt19937& random) {
-  if (square.form == kDegrees) return LocatorRecord(square.over, random);
-  return GridRecord(static_cast<int>(square.over.x) + static_cast<int>(random() % 100000),
-                    static_cast<int>(square.over.y) + static_cast<int>(random() % 100000));
-}
-
-std::string FillersOf(const Square& square, std::mt19937& random) {
-  std::string records;
-  for (int i = 0; i < 20; ++i)
-    records += "Filler~" + RandomRecord(square, random).position + "\r\n";
-  return records;
-}
-
-// Records of which the polynomials alone would show another cell or another reference.
-TEST_F(Listing, PlacesAtADecisionTakeTheExactPath) {
-  std::mt19937 random(1);
-  const HomeStation home = HomeStationAt(51.5, -1.25);
-  for (const Square& square : kSquares) {
-    const LocalPolynomials polynomials = PolynomialsOf(home, square.over, square.form);
-    const double margins[] = {square.form == kGrid ? kLonError / 2 * 5760 : kMetreError / 10,
-                              square.form == kGrid ? kLatError * 5760 : kMetreError / 10};
-    std::string records = FillersOf(square, random);
-    int found[2] = {};
-    for (int round = 0; round < 1'000'000; ++round) {
-      const Record record = RandomRecord(square, random);
-      const auto near =
-          DecisionsOf(PlaceAt(home, polynomials, square.form, record.x, record.y), square.form);
-      for (std::size_t i = 0; i < 2; ++i) {
-        if (std::fabs(near[i] - std::round(near[i])) > margins[i]) continue;
-        const ApproximatePlace exact = ExactPlace(home, square.form, record.x, record.y);
-        if (std::floor(DecisionsOf(exact, square.form)[i]) == std::floor(near[i])) continue;
+// Close to a decision the polynomials may be off by more than the distance to it.
+TEST(ListingAccelerator, LeavesCloseDecisionsToTheExactPath) {
+  for (const CoordinateForm form : {kGrid, kDegrees}) {
+    SquareRun run(form, kNoLimits);
+    int found[5] = {};
+    int listed = 0;
+    for (int round = 0; round < 150'000; ++round) {
+      const std::optional<bool> outcome = run.Try();
+      if (outcome.value_or(false)) ++listed;
+      const auto decisions = DecisionsOf(run.Exact(), form);
+      for (std::size_t i = 0; i < decisions.size(); ++i) {
+        const auto& [value, error] = decisions[i];
+        if (std::fabs(value - std::round(value)) > error / 2) continue;
         ++found[i];
-        records += "Site~" + record.position + "\r\n";
+        ASSERT_EQ(outcome, std::nullopt) << run.line << " " << i;
       }
     }
-    EXPECT_GE(found[0], 3);
-    EXPECT_GE(found[1], 3);
-    Write(records);
-    Compare([&](Workspace& w) { w.BaseLat = home.lat, w.BaseLong = home.lon; }, "places");
+    for (const int count : found) EXPECT_GE(count, 3);
+    EXPECT_GT(listed, 130'000);
   }
 }
 
-// Home stations from which the polynomials alone would show another tenth of one record's distance,
-// bearing or back bearing, and limits that lie between its exact and its approximate figures.
-TEST_F(Listing, FiguresAtADecisionTakeTheExactPath) {
-  std::mt19937 random(1);
-  constexpr double kLat = 60.1;
-  for (const Square& square : kSquares) {
-    const Record record = RandomRecord(square, random);
-    Write(FillersOf(square, random) + "Site~" + record.position + "\r\n");
-    const auto placeFrom = [&](double lon, bool exactly) {
-      const HomeStation home = HomeStationAt(kLat, lon);
-      if (exactly) return ExactPlace(home, square.form, record.x, record.y);
-      const LocalPolynomials polynomials = PolynomialsOf(home, square.over, square.form);
-      return PlaceAt(home, polynomials, square.form, record.x, record.y);
-    };
-    for (std::size_t i = 2; i < 5; ++i) {
-      const auto value = [&](double lon, bool exactly) {
-        return DecisionsOf(placeFrom(lon, exactly), square.form)[i];
-      };
-      // The longitude of the home station at which the value crosses the whole number below its
-      // value at 4.5 W.
-      const double whole = std::floor(value(-4.5, true));
-      const auto crossing = [&](bool exactly) {
-        double below = -4.7;
-        double above = -4.3;
-        if (value(below, exactly) > value(above, exactly)) std::swap(below, above);
-        for (int round = 0; round < 80; ++round) {
-          const double middle = (below + above) / 2;
-          (value(middle, exactly) < whole ? below : above) = middle;
-        }
-        return above;
-      };
-      const double lon = (crossing(true) + crossing(false)) / 2;
-      EXPECT_NE(std::floor(value(lon, true)), std::floor(value(lon, false))) << i;
-      Compare([&](Workspace& w) { w.BaseLat = kLat, w.BaseLong = lon; }, "tenth");
+TEST(ListingAccelerator, LeavesFiguresNearALimitToTheExactPath) {
+  for (const CoordinateForm form : {kGrid, kDegrees}) {
+    const auto [distance, bearing, backbearing] = SquareRun(form, kNoLimits).Exact().figures;
+    for (const double error : {-0.5, 0.5}) {
+      const double atDistance = distance + error * kDistanceError;
+      const double atBearing = bearing + error * kBearingError;
+      for (const Limits& limits : {Limits{atDistance, 99999, 0, 360, kNoLimits.name},
+                                   {0, atDistance, 0, 360, kNoLimits.name},
+                                   {0, 99999, atBearing, 360, kNoLimits.name},
+                                   {0, 99999, 0, atBearing, kNoLimits.name}})
+        EXPECT_EQ(SquareRun(form, limits).Try(true), std::nullopt);
     }
-    const DistanceAndBearings a = placeFrom(-4.5, true).figures;
-    const DistanceAndBearings b = placeFrom(-4.5, false).figures;
-    const std::string distance = NumberToText((a.distance + b.distance) / 2);
-    const std::string bearing = NumberToText((a.bearing + b.bearing) / 2);
-    const Restriction runs[] = {{distance.c_str(), "99999", "0", "360", ""},
-                                {"0", distance.c_str(), "0", "360", ""},
-                                {"0", "99999", bearing.c_str(), "360", ""},
-                                {"0", "99999", "0", bearing.c_str(), ""}};
-    for (const Restriction& run : runs) {
-      const auto prepare = [&](Workspace& w) {
-        w.BaseLat = kLat;
-        w.BaseLong = -4.5;
-        run.WriteTo(w.Tarnwick);
-      };
-      Compare(prepare, std::string(run.minimum) + " " + run.maximum + " " + run.from);
-    }
-  }
-}
-
-// Places whose bearing changes much with a small shift: a few metres from the home station and from
-// its antipode, due north and south of it, and from a home station close to a pole.
-TEST_F(Listing, IllConditionedBearingsTakeTheExactPath) {
-  const Rectangle over{400000, 200000, 100000, 100000};
-  std::mt19937 random(1);
-  double lat = 0;
-  double lon = 0;
-  GridToWGS84(440000, 240000, lat, lon);
-  std::string records = FillersOf({kGrid, over}, random);
-  for (int i = 0; i < 20; ++i)
-    for (int j = 0; j < 20; ++j)
-      records += "Near~SP" + std::to_string(39990 + i) + std::to_string(39990 + j) + "\r\n";
-  // A longitude between those of the exact and of the approximate place.
-  const LocalPolynomials polynomials = PolynomialsOf(HomeStationAt(0, 0), over, kGrid);
-  const double between =
-      (lon + PlaceAt(HomeStationAt(0, 0), polynomials, kGrid, 440000, 240000).x) / 2;
-  const struct {
-    const char* what;
-    double lat, lon;
-  } homes[] = {{"near", lat, lon},
-               {"antipode", -lat, lon + 180},
-               {"north", lat - 1, between},
-               {"south", lat + 1, between},
-               {"pole", 89.99999999999, 3}};
-  Write(records);
-  for (const auto& home : homes) {
-    const auto prepare = [&](Workspace& w) {
-      w.BaseLat = home.lat;
-      w.BaseLong = home.lon;
-      w.Tarnwick.FromBearText.text = "270";  // through north, so that 0 is not near a limit
-      w.Tarnwick.ToBearText.text = "269.95";
-    };
-    EXPECT_EQ(Compare(prepare, home.what), 420U);
   }
 }
 

@@ -1,4 +1,4 @@
-// Prints what changed in a run: one line NAME VALUE for each value.
+// Prints what changed in a run.
 #pragma once
 
 #include <iosfwd>
@@ -15,9 +15,19 @@ struct Printed {
   std::vector<DrawOperation> drawn;
 };
 
-// Prints the values that differ from those in `printed`; the first call prints all: of the windows
-// as Window.property and Window.Control.property, of the record as Record.field, a changed picture
-// as "Draw" lines, the stored settings, and the files in memory. Then prints the platform's events
-// and removes them, and ends with a line of a single point. `w` is null before the first start.
+// Prints the values that differ from those in `printed`, a line NAME VALUE for each; the first call
+// prints all: of the windows as Window.property and Window.Control.property, of the record as
+// Record.field, a changed picture as "Draw" lines, the stored settings, and the files in memory.
+// Then prints the platform's events and removes them, and ends with a line of a single point. `w`
+// is null before the first start.
 void PrintChanges(const Workspace* w, HeadlessPlatform& platform, Printed& printed,
                   std::ostream& out);
+
+// Prints the same changes as a few indented lines, with " | " between them. Names are shortened
+// where they stay clear, and controls with the same new state are grouped as "visible 1: NAMES". At
+// first it leaves out captions, empty texts, usual colours, and that controls are visible and
+// enabled; always the distance and bearings of the record, which the Pointing window shows. Of a
+// picture it prints the operations that differ from the last picture. The lines of changed files
+// follow, indented further.
+void PrintCompactly(const Workspace* w, HeadlessPlatform& platform, Printed& printed,
+                    std::ostream& out);

@@ -69,17 +69,15 @@ std::unique_ptr<AcceleratedSquare> MakeSquare(const ListingAccelerator& fast, Co
 // Returns the lettered square that a grid reference names; null if the square is not on the grid,
 // or if the place may lie outside it since not only digits follow the letters.
 const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_view reference) {
-  int x = 0;
-  int y = 0;
-  SquareCorner(reference[0], reference[1], x, y);
+  const auto [x, y] = SquareCorner(reference[0], reference[1]);
   if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
   for (const char c : reference.substr(2))
     if (!IsDigit(c)) return nullptr;
-  constexpr auto kSide = static_cast<unsigned>(kSquareSide);
-  auto& square = fast.lettered[static_cast<unsigned>(y) / kSide][static_cast<unsigned>(x) / kSide];
+  auto& square = fast.lettered[static_cast<std::size_t>(y / kSquareSide)]
+                              [static_cast<std::size_t>(x / kSquareSide)];
   if (!square)
     square = MakeSquare(fast, CoordinateForm::EastingNorthing,
-                        {1.0 * x, 1.0 * y, kSquareSide, kSquareSide});
+                        {1.0 * x, 1.0 * y, 1.0 * kSquareSide, 1.0 * kSquareSide});
   return square.get();
 }
 

@@ -15,7 +15,7 @@ std::string HeaderOf(Workspace& w, const Limits& limits) {
   std::string header;
   const auto add = [&header](const std::string& line) { header += line + "\r\n"; };
   add("Generated from    Tarnwick  Brelk");
-  add(FormatDate(w.platform.Today(), "YYYY/mm/dd"));
+  add(FormatDate(w.platform.Today()));
   add("");
   add("Distance and Bearings from " + w.BaseName);
   add("");
