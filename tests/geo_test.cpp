@@ -12,7 +12,6 @@
 #include "geo/datum.h"
 #include "geo/dist_bear.h"
 #include "geo/grid_reference.h"
-#include "geo/lat_long.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "geo/trigonometry.h"
