@@ -275,17 +275,10 @@ struct SquareRun {
       LocatorToWGS84(line.substr(5), y, x, resolution);
     return ExactPlace(fast.home, form, x, y);
   }
-  Workspace& AtHome() {
-    w.BaseLat = 51.5;
-    w.BaseLong = -1.25;
-    return w;
-  }
 
   CoordinateForm form;
   Limits limits;
-  HeadlessPlatform platform;
-  Workspace w{platform};
-  ListingAccelerator fast = AcceleratorFor(AtHome(), limits);
+  ListingAccelerator fast{limits, HomeStationAt(51.5, -1.25)};
   std::mt19937 random{1};
   std::string line;
 };
