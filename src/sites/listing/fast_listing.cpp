@@ -73,11 +73,11 @@ const AcceleratedSquare* LetteredSquareOf(ListingAccelerator& fast, std::string_
   if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
   for (const char c : reference.substr(2))
     if (!IsDigit(c)) return nullptr;
-  constexpr auto kSide = static_cast<unsigned>(kSquareSide);
-  auto& square = fast.lettered[static_cast<unsigned>(y) / kSide][static_cast<unsigned>(x) / kSide];
+  auto& square = fast.lettered[static_cast<std::size_t>(y / kSquareSide)]
+                              [static_cast<std::size_t>(x / kSquareSide)];
   if (!square)
     square = MakeSquare(fast, CoordinateForm::EastingNorthing,
-                        {1.0 * x, 1.0 * y, kSquareSide, kSquareSide});
+                        {1.0 * x, 1.0 * y, 1.0 * kSquareSide, 1.0 * kSquareSide});
   return square.get();
 }
 
