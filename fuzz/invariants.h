@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size > 0) Try(std::string(data, data + size));
   Require(std::clock() - before < CLOCKS_PER_SEC / 2, "the work of an input is bounded");
   static int inputs = 0;
-  if (++inputs % 1'000 == 0) Require(__lsan_do_recoverable_leak_check() == 0, "nothing leaks");
+  if (++inputs % 10'000 == 0) Require(__lsan_do_recoverable_leak_check() == 0, "nothing leaks");
   return 0;
 }
 
