@@ -1,19 +1,20 @@
 // A hostile database file, read by Use This, Lookup and the listing.
 //   Input  a line with the text to search for, then the file. \x1D and a character are replaced by
-//          kRun of that character, so that lines reach the length limit and cross the read buffer.
+//          kRun of that character, so that lines reach the length limit. In one file of eight this
+//          happens so often that lines cross the end of the read buffer.
 #include "fuzz/invariants.h"
 #include "sites/listing/listing.h"
 
 namespace {
 
 constexpr std::size_t kRun = 10'922;  // a third of the longest line
-constexpr int kMostRuns = 30;
 
 std::string WithRunsExpanded(std::string_view text) {
   std::string file;
+  const int mostRuns = text.size() % 8 == 0 ? 30 : 4;
   int runs = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isRun = text[i] == '\x1D' && i + 1 < text.size() && runs++ < kMostRuns;
+    const bool isRun = text[i] == '\x1D' && i + 1 < text.size() && runs++ < mostRuns;
     file.append(isRun ? kRun : 1, text[isRun ? ++i : i]);
   }
   return file;
