@@ -15,7 +15,7 @@ void Draw(Workspace& w) {
   PictureBox& c = w.BearingCalc.C;
   c.back = kBackground;
   c.operations.clear();
-  const double angle = (90 - w.Bearing) / kDegreesPerRadian;
+  const double angle = (90 - w.Bearing.value_or(0)) / kDegreesPerRadian;
   c.operations.push_back({.kind = Kind::Line,
                           .x2 = ToSingle(Cosine(angle)),
                           .y2 = ToSingle(-Sine(angle)),

@@ -29,7 +29,7 @@ struct Session {
     desktop.FlushSettings();
   }
   bool HasHome(double lat, double lon) const {
-    return IsTrue(w.BaseSet) && w.BaseLat == lat && w.BaseLong == lon;
+    return w.BaseSet == kTrue && w.BaseLat == lat && w.BaseLong == lon;
   }
   Desktop desktop;
   Workspace w{desktop};
@@ -120,7 +120,7 @@ TEST_F(Settings, NumbersAreStoredAlikeInEveryLanguage) {
 TEST_F(Settings, AFolderInPlaceOfTheStoreGivesTheDefaults) {
   QDir(file_).mkpath("within");
   Session session(home_);
-  EXPECT_FALSE(IsTrue(session.w.BaseSet));
+  EXPECT_NE(session.w.BaseSet, kTrue);
   EXPECT_EQ(session.w.Tarnwick.LocDatabase.text, kDefaultDatabase);
   session.EndWithHome(51.5, -1.25);
   EXPECT_TRUE(QDir(file_).exists("within"));

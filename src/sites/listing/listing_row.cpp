@@ -61,7 +61,7 @@ void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns) {
 bool AppendExactRow(Workspace& w, const SiteRecord& record, const Limits& limits, Columns& columns,
                     std::string& text) {
   DecodeRecord(w, record, columns);
-  const DistanceAndBearings figures{w.Dist, w.Bearing, w.Backbearing};
+  const DistanceAndBearings figures{*w.Dist, *w.Bearing, *w.Backbearing};
   if (!Matches(record.name, limits.name) || !IsWithin(limits, figures)) return false;
   AppendRow(text, record.name, columns.locator, columns.gridReference, figures);
   return true;
@@ -71,9 +71,9 @@ void AppendRow(std::string& text, std::string_view name, std::string_view locato
                std::string_view gridReference, const DistanceAndBearings& figures) {
   const std::size_t start = text.size();
   text.append(kRowLength, ' ');
-  // Columns count from 1.
+  // Columns count from 1. A text that is too long is cut off at the end of the row.
   const auto put = [&](std::size_t column, std::string_view item) {
-    OverwriteAt(text, start + column - 1, item);
+    item.copy(text.data() + start + column - 1, kRowLength - column + 1);
   };
   const auto putNumber = [&](std::size_t column, double value, const Picture& picture) {
     PutPicture(text, start + column - 1, value, picture);

@@ -10,14 +10,12 @@ void Lookup_Click(Workspace& w) {
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
-  ListEntries& entries = w.ShowList.PR.items;
+  std::deque<ListEntry>& entries = w.ShowList.PR.items;
   bool isFull = false;
   while (!isFull && ReadMatchingLine(w.database, sought, line)) {
     isFull = entries.size() >= kMostEntries;
-    if (!isFull) entries.Add(line);
+    if (!isFull) entries.emplace_back(line);
   }
-  const bool failed = w.database.failed;
-  CloseDatabase(w);
-  if (failed) ReportMissingDatabase(w);
+  CloseAndReportFailure(w);
   if (isFull) w.platform.MsgBox("Only the first 10000000 sites are shown");
 }

@@ -23,7 +23,8 @@ void CloseResults(Workspace& w) {
 void ShowList::OK_Click(Workspace& w) {
   const ListBox& list = w.ShowList.PR;
   const bool picked = list.index >= 0 && static_cast<std::size_t>(list.index) < list.items.size();
-  w.Tarnwick.InputText.text = picked ? list.items[static_cast<std::size_t>(list.index)] : "";
+  w.Tarnwick.InputText.text =
+      picked ? std::string_view(list.items[static_cast<std::size_t>(list.index)]) : "";
   FindIt_Click(w);
   w.Tarnwick.FindIt.enabled = false;
   w.Tarnwick.defaultButton = &MainWindow::SetHome;

@@ -29,13 +29,15 @@ void ShowPlaceByLatLong(Workspace& w) {
 }
 
 void ShowDistanceAndBearing(Workspace& w, InputKind kind) {
-  w.BearingCalc.DistText.text = FormatPicture(w.Dist, "####0.00#");
-  w.BearingCalc.BearText.text = FormatPicture(w.Bearing, "##0.0");
-  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
+  w.BearingCalc.DistText.text = FormatPicture(w.Dist.value_or(0), "####0.00#");
+  w.BearingCalc.BearText.text = FormatPicture(w.Bearing.value_or(0), "##0.0");
+  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing.value_or(0), "##0.0");
+  const double distUncert = w.DistUncert.value_or(0);
+  const double bearUncert = w.BearUncert.value_or(0);
   const char* distance = kind == kLatLong ? "0.00#km " : "0.000km ";
   const char* bearing = kind == kLocator ? "0.0deg" : "0.0 deg";
   w.BearingCalc.UncertText.text =
       kind == kSiteName
-          ? FormatPicture(w.BearUncert, "0.00#deg / ") + FormatPicture(w.DistUncert, "0.00km / ")
-          : FormatPicture(w.DistUncert, distance) + FormatPicture(w.BearUncert, bearing);
+          ? FormatPicture(bearUncert, "0.00#deg / ") + FormatPicture(distUncert, "0.00km / ")
+          : FormatPicture(distUncert, distance) + FormatPicture(bearUncert, bearing);
 }

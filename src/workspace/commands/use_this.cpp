@@ -49,9 +49,9 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
   }
   w.Tarnwick.SetHome.enabled = true;
   w.sitename.clear();
-  if (IsTrue(w.BaseSet)) DistBear(w);
+  if (w.BaseSet == kTrue) DistBear(w);
   ShowDistanceAndBearing(w, kind);  // without a home station the fields are hidden
-  if (IsTrue(w.BaseSet)) Draw(w);
+  if (w.BaseSet == kTrue) Draw(w);
 }
 
 // Uses the site `sitename` of the database with this position, upper case. A position that is no
@@ -71,7 +71,7 @@ void UseSite(Workspace& w, std::string position) {
     DecodeReference(w, position, kind);
   }
   w.Tarnwick.SetHome.enabled = true;
-  if (!IsTrue(w.BaseSet)) return;
+  if (w.BaseSet != kTrue) return;
   DistBear(w);
   ShowDistanceAndBearing(w, kSiteName);
   Draw(w);
@@ -101,9 +101,7 @@ void FindSite(Workspace& w) {
     w.sitename = site.name;
     if (Matches(line, sought)) return UseSite(w, UpperOf(site.position));
   }
-  const bool failed = w.database.failed;
-  CloseDatabase(w);
-  if (failed) ReportMissingDatabase(w);
+  CloseAndReportFailure(w);
 }
 
 }  // namespace

@@ -43,9 +43,3 @@ constexpr bool IsDigit(char c) {
 inline char CharOf(int code) {
   return static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255)));
 }
-
-// Writes `item` over the characters of `text` from index `at` on, counted from 0. Characters that
-// would lie beyond the end of `text` are dropped.
-inline void OverwriteAt(std::string& text, std::size_t at, std::string_view item) {
-  if (at < text.size()) item.copy(text.data() + at, text.size() - at);
-}
