@@ -162,7 +162,7 @@ inline double DistanceTo(const Workspace& w, std::string reference, double& cell
   r.BaseLong = w.Lon;
   DistBear(r);
   cell = r.Resolution;
-  return r.Dist;
+  return *r.Dist;
 }
 
 // After a command that showed a place: requires that calculated references are well formed and
