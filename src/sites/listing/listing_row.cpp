@@ -1,8 +1,7 @@
 #include "sites/listing/listing_row.h"
 
-#include "geo/grid_reference.h"
-#include "geo/locator.h"
 #include "sites/database/site_line.h"
+#include "workspace/commands/place_display.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/strings.h"
 
@@ -44,17 +43,10 @@ bool ReadRecord(std::string_view line, SiteRecord& record) {
 
 void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns) {
   w.sitename = record.name;
-  if (record.kind == kSiteName) {
+  if (record.kind == kSiteName)
     columns = {};
-  } else if (record.kind == kGridReference) {
-    DecodeNGR(w, record.position, w.Lat, w.Lon);
-    GenLocator(w.Lat, w.Lon, columns.locator);
-    columns.gridReference = record.position;
-  } else if (record.kind == kLocator) {
-    DecodeLocator(w, record.position, w.Lat, w.Lon);
-    GenNGR(w, w.Lat, w.Lon, columns.gridReference);
-    columns.locator = record.position;
-  }
+  else if (record.kind != kLatLong)
+    DecodeReference(w, record.position, record.kind, columns.locator, columns.gridReference);
   DistBear(w);
 }
 

@@ -13,6 +13,19 @@ constexpr Rgb kSand{255, 240, 200};         // a site of the database
 
 }  // namespace
 
+void DecodeReference(Workspace& w, const std::string& reference, InputKind kind,
+                     std::string& locator, std::string& gridReference) {
+  if (kind == kGridReference) {
+    DecodeNGR(w, reference, w.Lat, w.Lon);
+    GenLocator(w.Lat, w.Lon, locator);
+    gridReference = reference;
+  } else {
+    DecodeLocator(w, reference, w.Lat, w.Lon);
+    GenNGR(w, w.Lat, w.Lon, gridReference);
+    locator = reference;
+  }
+}
+
 void SetBackgrounds(Workspace& w, InputKind kind) {
   const Rgb back = kind == kSiteName ? kSand : kind == kLatLong ? kLatLongBackground : kYellow;
   w.Tarnwick.LocText.back = back;

@@ -4,9 +4,7 @@
 #include <string_view>
 
 #include "geo/dist_bear.h"
-#include "geo/grid_reference.h"
 #include "geo/lat_long.h"
-#include "geo/locator.h"
 #include "pointing/compass.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
@@ -19,20 +17,11 @@ namespace {
 
 // Decodes a grid reference or a locator and shows it, the reference of the other kind calculated
 // from it in red, and the latitude and longitude.
-void DecodeReference(Workspace& w, const std::string& reference, InputKind kind) {
+void UseReference(Workspace& w, const std::string& reference, InputKind kind) {
   TextBox& loc = w.Tarnwick.LocText;
   TextBox& ngr = w.Tarnwick.NGRText;
-  if (kind == kGridReference) {
-    ngr.text = reference;
-    DecodeNGR(w, reference, w.Lat, w.Lon);
-    GenLocator(w.Lat, w.Lon, loc.text);
-    loc.fore = kRed;
-  } else {
-    loc.text = reference;
-    DecodeLocator(w, reference, w.Lat, w.Lon);
-    GenNGR(w, w.Lat, w.Lon, ngr.text);
-    ngr.fore = kRed;
-  }
+  DecodeReference(w, reference, kind, loc.text, ngr.text);
+  (kind == kGridReference ? loc : ngr).fore = kRed;
   ShowLatLong(w);
 }
 
@@ -45,7 +34,7 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
     ShowPlaceByLatLong(w);
   } else {
     SetBackgrounds(w, kind);
-    DecodeReference(w, text, kind);
+    UseReference(w, text, kind);
   }
   w.Tarnwick.SetHome.enabled = true;
   w.sitename.clear();
@@ -68,7 +57,7 @@ void UseSite(Workspace& w, std::string position) {
     w.Tarnwick.NGRText.text = "ERROR";
     w.Tarnwick.LLText.text.clear();
   } else if (kind != kLatLong) {
-    DecodeReference(w, position, kind);
+    UseReference(w, position, kind);
   }
   w.Tarnwick.SetHome.enabled = true;
   if (w.BaseSet != kTrue) return;

@@ -48,7 +48,3 @@ const Event* FindEvent(WindowName window, std::string_view control, UserAction a
     if (e.window == window && e.control == control && e.action == action) return &e;
   return nullptr;
 }
-
-const Event& CloseFrameEvent(WindowName window) {
-  return *FindEvent(window, "", CloseFrame);
-}

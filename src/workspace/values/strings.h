@@ -24,9 +24,7 @@ inline constexpr std::array<char, 256> kCapitals = [] {
 
 // Return the capital of a character, and a text in capitals, which has the same length.
 inline char UpperOf(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  if (code < 'a') return character;  // digits and capitals, the usual case
-  return kCapitals[code];
+  return kCapitals[static_cast<unsigned char>(character)];
 }
 inline std::string UpperOf(std::string_view text) {
   std::string upper(text);
