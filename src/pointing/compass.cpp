@@ -3,15 +3,9 @@
 #include "geo/trigonometry.h"
 #include "workspace/values/rounding.h"
 
-namespace {
-
-using Kind = DrawOperation::Kind;
-
-constexpr Rgb kBackground{250, 250, 180};
-
-}  // namespace
-
 void Draw(Workspace& w) {
+  using Kind = DrawOperation::Kind;
+  constexpr Rgb kBackground{250, 250, 180};
   PictureBox& c = w.BearingCalc.C;
   c.back = kBackground;
   c.operations.clear();

@@ -19,7 +19,7 @@
 
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/application.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 #include "workspace/events/main_window_layout.h"
 #include "workspace/record/control_tables.h"
 

@@ -3,7 +3,7 @@
 #include "sites/database/line_reader.h"
 #include "sites/listing/fast_listing.h"
 #include "sites/listing/listing_row.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 #include "workspace/values/number_text.h"
 
 namespace {

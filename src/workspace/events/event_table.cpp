@@ -6,7 +6,6 @@
 #include "pointing/external_maps.h"
 #include "sites/listing/listing.h"
 #include "sites/lookup/lookup.h"
-#include "sites/lookup/results.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/events/main_window_layout.h"
