@@ -71,8 +71,8 @@ class Windows : public testing::Test {
   void ListAndPick() {
     program_->runner.Run([](Workspace& w) {
       OpenResults(w);
-      w.ShowList.PR.items.Add("IO91WM");
-      w.ShowList.PR.items.Add("IO91WN");
+      w.ShowList.PR.items.emplace_back("IO91WM");
+      w.ShowList.PR.items.emplace_back("IO91WN");
     });
     Results().BringToFront();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Results()));
@@ -414,8 +414,8 @@ TEST_F(Windows, PickAnEntryByADoubleClick) {
   for (const auto& [pressed, twice, button, picked] : rows) {
     program_->runner.Run([](Workspace& w) {
       OpenResults(w);
-      w.ShowList.PR.items.Add("IO91WM");
-      w.ShowList.PR.items.Add("IO91WN");
+      w.ShowList.PR.items.emplace_back("IO91WM");
+      w.ShowList.PR.items.emplace_back("IO91WN");
       w.Tarnwick.InputText.text = "typed";
     });
     QTest::qWait(1);
@@ -528,7 +528,7 @@ TEST_F(Windows, GrowTheBannerWithItsText) {
 TEST_F(Windows, TurnTheResultsByColumns) {
   program_->runner.Run([](Workspace& w) {
     OpenResults(w);
-    for (int i = 0; i < 1'000; ++i) w.ShowList.PR.items.Add("IO91WM");
+    for (int i = 0; i < 1'000; ++i) w.ShowList.PR.items.emplace_back("IO91WM");
   });
   QTest::qWait(1);
   auto* list = Find<QListView>("PR", &Results());
