@@ -10,6 +10,8 @@
 #include "sites/lookup/results.h"
 
 ScratchTest::ScratchTest() {
+  // Or the files of an installed copy would be read.
+  qputenv("XDG_DATA_DIRS", home_.filePath("installed").toUtf8());
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home_.path());
 }
 
@@ -77,7 +79,7 @@ void ProgramTest::Use(const char* place) {
 void ProgramTest::SetHome(const char* place) {
   Use(place);
   Click("SetHome");
-  EXPECT_TRUE(Eventually([&] { return Pointing().isVisible(); }));
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&Pointing(), 60'000));
 }
 
 void ProgramTest::Key(int key, Qt::KeyboardModifiers with) {

@@ -6,7 +6,6 @@
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("TARNWICK_FIELD_NAMES", "1");
-  qputenv("XDG_DATA_DIRS", "/nonexistent");  // or the files of an installed copy would be read
   testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

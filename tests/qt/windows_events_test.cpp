@@ -228,6 +228,11 @@ TEST_F(WindowsEvents, ShowsTheRecordUnderAMessageBox) {
                   Main().close();
                 });
   EXPECT_EQ(message, "Site datbase not found");
+  const auto change = [](Workspace& w) {
+    w.Tarnwick.LLText.text = "changed";
+    w.platform.MsgBox("");
+  };
+  MessageOf([&] { program_->runner.Run(change); }, [&] { EXPECT_EQ(Text("LLText"), "changed"); });
   EXPECT_EQ(program_->w.LLFormat, 0);
   EXPECT_TRUE(Main().isVisible());
 }

@@ -93,7 +93,7 @@ TEST_F(DesktopTest, StartsTheViewerWithOneArgument) {
   EXPECT_EQ(ArgumentOf([&] { Click("LocSites"); }), "[" + In(drive + "geog/SITELIST.TXT") + "]");
   for (const auto& [name, argument] :
        {std::pair<std::string, std::string>("c:\\My list; a.txt", In(drive + "My list; a.txt")),
-        {"--help", QDir::currentPath().toStdString() + "/--help"}})
+        {"--help", QDir::current().filePath("--help").toStdString()}})
     EXPECT_EQ(ArgumentOf([&] {
                 EXPECT_TRUE(program_->desktop.Shell("Notepad.exe " + name, WindowStyle::Normal));
               }),

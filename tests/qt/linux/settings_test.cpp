@@ -62,6 +62,8 @@ TEST_F(Settings, NamesCompareWithoutCase) {
   EXPECT_EQ(Content(kFile).count("COM12"), 1);
   Write(kFile, Content(kFile).toUpper());
   EXPECT_EQ(Run(), kStored);
+  Write(kFile, "[CPort]\nCP=COM1, 2\n");
+  EXPECT_EQ(Run(), "none COM1, 2") << "written by a user, without quotes";
 }
 
 // The readable settings count, and the next home station is kept.
