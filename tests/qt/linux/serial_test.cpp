@@ -188,6 +188,17 @@ TEST_F(Serial, KeepsOnePieceWhileNoEventIsTaken) {
   EXPECT_TRUE(Receives(PieceAt("000001")));
   receiver->Send(SentenceAt("000003"));
   EXPECT_TRUE(Receives(PieceAt("000001") + PieceAt("000003")));
+
+  received_.clear();
+  QElapsedTimer sincePause;
+  sincePause.start();
+  port_.PauseEvents();
+  receiver->Send(SentenceAt("000004") + SentenceAt("000005"));
+  port_.Recheck();
+  EXPECT_TRUE(Receives("\n" + PieceAt("000004")));
+  EXPECT_GE(sincePause.elapsed(), 2'800) << "a pause of three seconds";
+  receiver->Send(SentenceAt("000006"));
+  EXPECT_TRUE(Receives("\n" + PieceAt("000004") + PieceAt("000006")));
 }
 
 TEST_F(Serial, ClosesWhenTheDeviceHangsUpAndForgetsWhatWasUnread) {
