@@ -159,12 +159,12 @@ void PlainRow(benchmark::State& state) {
   SiteRecord record;
   Columns columns;
   std::string row;
+  const Limits limits = LimitsOf(bench.w.Tarnwick);
   for (auto _ : state) {
-    const std::string_view line = records.Next();
-    ReadRecord(line, SplitSiteLine(line), record);
-    DecodeRecord(bench.w, record, columns);
     row.clear();
-    AppendRow(row, RowOf(bench.w, columns));
+    if (!ReadRecord(records.Next(), record) ||
+        !AppendExactRow(bench.w, record, limits, columns, row))
+      state.SkipWithError("no row");
     benchmark::DoNotOptimize(row.data());
   }
 }
@@ -179,9 +179,8 @@ void AcceleratedRow(benchmark::State& state) {
   const Limits limits = LimitsOf(bench.w.Tarnwick);
   ListingAccelerator fast = AcceleratorFor(bench.w, limits);
   for (auto _ : state) {
-    const std::string_view line = records.Next();
-    ReadRecord(line, SplitSiteLine(line), record);
     row.clear();
+    if (!ReadRecord(records.Next(), record)) state.SkipWithError("no record");
     benchmark::DoNotOptimize(TryFastRow(fast, record, row));
   }
 }

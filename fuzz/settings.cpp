@@ -1,16 +1,9 @@
 // A start with hostile settings, then an exit and another start.
 //   Input  a character whose lowest bit checks SaveOnExit, then the texts of kSettings, one a line;
-//          a line with only a ! leaves that setting out.
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
+//          a line with only a ! leaves that setting out. The last line is the port at the exit.
 #include <iterator>
-#include <string>
-#include <vector>
 
 #include "fuzz/invariants.h"
-#include "workspace/events/start_and_exit.h"
 
 namespace {
 
@@ -18,39 +11,32 @@ constexpr const char* kSettings[][2] = {
     {"Home", "Lat"}, {"Home", "Long"},  {"FormPLace", "Left"}, {"FormPLace", "Top"},
     {"CPort", "CP"}, {"CPort", "Baud"}, {"LocDB", "DB"}};
 
-// Starts the program and returns the restored home station.
-std::vector<double> Start(Workspace& w, std::size_t inputSize) {
-  Bounded([&w] { Form_Load(w); });
-  CheckRecord(w, inputSize);
-  if (IsTrue(w.BaseSet)) CheckPlace(w);
-  Require(w.Tarnwick.visible && w.Tarnwick.FindIt.enabled, "the program is ready");
-  return {w.BaseSet, w.BaseLat, w.BaseLong};
-}
-
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0) return 0;
+void Try(const std::string& input) {
   Program program;
-  HeadlessPlatform& platform = program.platform;
-  const std::vector<std::string> texts = LinesOf({data + 1, data + size});
+  Workspace& w = program.w;
+  const std::vector<std::string> texts = LinesOf(input.substr(1));
   for (std::size_t i = 0; i < std::min(std::size(kSettings), texts.size()); ++i)
-    if (texts[i] != "!") platform.StoreSetting(kSettings[i][0], kSettings[i][1], texts[i]);
-
-  Workspace& first = program.w;
-  const std::vector<double> home = Start(first, size);
-  Bounded([&] { (void)platform.ContainsFile(first.Tarnwick.LocDatabase.text, ".jpg"); });
-  const bool kept = !IsTrue(first.BaseSet) || *data % 2 == 0;
-  first.Tarnwick.SaveOnExit.checked = !kept;
-  first.SetUpCom.CPort.text = texts.back();
-  Form_Unload(first);
-  Workspace second(platform);
-  const std::vector<double> again = Start(second, size);
+    if (texts[i] != "!") program.platform.StoreSetting(kSettings[i][0], kSettings[i][1], texts[i]);
+  const auto start = [&] {
+    program.Start();
+    CheckRecord(w, input.size());
+    if (IsTrue(w.BaseSet)) CheckPlace(w);
+    return std::tuple(IsTrue(w.BaseSet), w.BaseLat, w.BaseLong);
+  };
+  const auto [isSet, latitude, longitude] = start();
+  (void)program.platform.ContainsFile(w.Tarnwick.LocDatabase.text, ".jpg");
+  w.Tarnwick.SaveOnExit.checked = isSet && input.front() % 2 != 0;
+  const std::string port = texts.empty() ? "" : texts.back();
+  w.SetUpCom.CPort.text = port;
+  Form_Unload(w);
+  const auto [isSetAgain, latitudeAgain, longitudeAgain] = start();
+  Require(w.SetUpCom.CPort.text == port, "the port is restored");
   // Storing a value just below 500 may round it up to 500, which is no home station.
-  const bool isPlace = first.BaseLat < 499 && first.BaseLong < 499;
-  for (std::size_t i = 0; i < home.size() && isPlace; ++i)
-    Require(std::fabs(again[i] - home[i]) <= 1e-14 * std::fabs(home[i]),
-            "the home station is restored");
-  Require(second.SetUpCom.CPort.text == texts.back(), "the port is restored");
-  return 0;
+  if (latitude >= 499 || longitude >= 499) return;
+  const auto isSame = [](double a, double b) { return std::fabs(a - b) <= 1e-14 * std::fabs(a); };
+  Require(
+      isSet == isSetAgain && isSame(latitude, latitudeAgain) && isSame(longitude, longitudeAgain),
+      "the home station is restored");
 }

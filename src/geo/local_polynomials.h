@@ -2,9 +2,8 @@
 // close together. Making the polynomials takes as long as 15 calls of the functions; evaluating
 // them at a place takes a small part of one call.
 //
-// Interpolation at the Padua points in Chebyshev polynomials; source: M. Caliari, S. De Marchi,
-// M. Vianello, "Bivariate Lagrange interpolation at the Padua points: computational aspects",
-// J. Comput. Appl. Math. 221 (2008).
+// Newton's interpolation by divided differences, in two variables; source: M. Gasca, T. Sauer,
+// "Polynomial interpolation in several variables", Adv. Comput. Math. 12 (2000).
 #pragma once
 
 #include <array>
@@ -25,12 +24,13 @@ struct Rectangle {
 
 struct LocalPolynomials {
   Rectangle over;
-  // The factors of the products of Chebyshev polynomials, by the degree in x and then in y.
-  std::array<FunctionValues, (kPolynomialDegree + 1) * (kPolynomialDegree + 2) / 2> coefficients{};
+  // The factors of Newton's products, by the degree in x and then in y; those of a total degree
+  // above kPolynomialDegree are not used.
+  std::array<std::array<FunctionValues, kPolynomialDegree + 1>, kPolynomialDegree + 1> factors{};
 };
 
-// Returns the polynomials that agree with the functions at the Padua points of a rectangle. Their
-// error elsewhere depends on the functions; the caller must know a bound on the error.
+// Returns polynomials that agree with the functions at 15 points of a rectangle. Their error
+// elsewhere depends on the functions; the caller must know a bound on the error.
 LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions);
 
 // Returns the values of the polynomials at a place in the rectangle.

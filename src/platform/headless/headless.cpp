@@ -53,10 +53,13 @@ struct FaultyFile : File {
   std::unique_ptr<File> file;
 };
 
-// Returns the path in upper case and with \ for every separator.
+// Return the path in upper case and with \ for every separator.
+char Folded(char c) {
+  return c == '/' ? '\\' : UpperOf(c);
+}
 std::string Folded(std::string path) {
-  std::replace(path.begin(), path.end(), '/', '\\');
-  return UpperOf(path);
+  for (char& c : path) c = Folded(c);
+  return path;
 }
 
 }  // namespace
@@ -75,7 +78,9 @@ void HeadlessSerial::Close() {
 }
 
 bool PathOrder::operator()(const std::string& a, const std::string& b) const {
-  return Folded(a) < Folded(b);
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return std::char_traits<char>::lt(Folded(x), Folded(y));
+  });
 }
 
 std::string HeadlessPlatform::ReadSetting(const std::string& section, const std::string& key,

@@ -1,8 +1,11 @@
 #include "platform/qt/application.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
 #include <QShortcut>
 #include <QTimer>
+#include <QUrl>
 #include <algorithm>
 
 #include "gps/nmea_receiver.h"
@@ -34,6 +37,8 @@ Application::Application() {
 }
 
 void Application::AddKeys(FramedWindow& window) {
+  auto* help = new QShortcut(Qt::Key_F1, &window);
+  QObject::connect(help, &QShortcut::activated, &window, [this] { OpenManual(); });
   auto* next = new QShortcut(Qt::Key_F6, &window);
   QObject::connect(next, &QShortcut::activated, &window, [this, &window] {
     const std::vector<FramedWindow*> cycle = VisibleWindows();
@@ -61,6 +66,18 @@ FramedWindow& Application::WindowOf(WindowName name) {
     window = std::make_unique<SetUpWindowView>(runner);
   AddKeys(*window);
   return *window;
+}
+
+void Application::OpenManual() {
+  const QString program = QApplication::applicationDirPath();
+  for (const char* page :
+       {"/manual/index.html", "/../share/doc/tarnwick/html/index.html", "/../../docs/manual.md"}) {
+    const QString file = QFileInfo(program + page).canonicalFilePath();
+    if (!file.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(file))) return;
+  }
+  runner.Run([](Workspace& record) {
+    record.platform.MsgBox("The manual is not installed, or no browser could be started.");
+  });
 }
 
 void Application::End() {

@@ -23,6 +23,10 @@ struct Application {
   // Returns the visible windows, in the order in which F6 brings them to the front. F6 is for
   // systems without a window manager.
   std::vector<FramedWindow*> VisibleWindows();
+  // Opens the manual in the desktop's browser: the HTML page beside the program or of the installed
+  // package; without one, the text that it is made from in the source. Shows a message if none can
+  // be opened. F1 runs it.
+  void OpenManual();
   // Called when the main window is closed and the settings are stored.
   std::function<void()> onEnd;
 

@@ -219,6 +219,7 @@ QComboBox* Binder::Make(const char* name, ComboBox& control) const {
   box->setEditable(true);
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
+  box->lineEdit()->installEventFilter(window_);
   Bind(box, name, "", [box, &control] {
     const QSignalBlocker blocker(box);
     const bool sameItems = ShowsItems(*box, control.items);

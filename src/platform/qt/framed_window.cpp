@@ -132,6 +132,13 @@ void FramedWindow::keyPressEvent(QKeyEvent* event) {
   if (button != nullptr && button->isVisible() && button->isEnabled()) button->click();
 }
 
+// A held access key or function key acts once: its repetitions are no shortcuts.
+bool FramedWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->isAutoRepeat())
+    event->accept();
+  return QWidget::event(event);
+}
+
 void FramedWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (event->spontaneous()) return;

@@ -44,6 +44,7 @@ class FramedWindow : public QWidget {
   // Sets the button that Enter presses.
   void SetDefaultButton(QPushButton* button);
 
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

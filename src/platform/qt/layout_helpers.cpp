@@ -30,7 +30,7 @@ void CaptionLabel::SetLastWordAt(int x) {
 
 void CaptionLabel::paintEvent(QPaintEvent* event) {
   const QRect area = contentsRect();
-  const bool fits = fontMetrics().horizontalAdvance(text()) <= area.width();
+  const bool fits = sizeHint().width() <= area.width();
   if (fits && lastWordAt_ == 0) return QLabel::paintEvent(event);
 
   constexpr int kAlignment = Qt::AlignVCenter | Qt::AlignLeft;

@@ -194,6 +194,7 @@ void MainWindowView::keyPressEvent(QKeyEvent* event) {
   const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
   if (!isText || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
     return RecordWindow::keyPressEvent(event);
+  activateWindow();
   InputText_->setFocus();
   QApplication::sendEvent(InputText_, event);
 }

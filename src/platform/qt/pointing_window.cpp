@@ -1,7 +1,8 @@
 #include "platform/qt/pointing_window.h"
 
-#include <QEvent>
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <utility>
 
@@ -84,6 +85,11 @@ QPoint PointingWindowView::PlaceFor(QPoint wanted) const {
   for (const QPoint& place : places)
     if (screen.contains(QRect(place, size))) return place;
   return {screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height()};
+}
+
+// Keys that no field wants are for the main window, where the user types the next place.
+void PointingWindowView::keyPressEvent(QKeyEvent* event) {
+  QApplication::sendEvent(&mainWindow_, event);
 }
 
 bool PointingWindowView::eventFilter(QObject* watched, QEvent* event) {

@@ -11,11 +11,12 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
  protected:
   QPoint PlaceFor(QPoint wanted) const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ShowCompass();
 
-  const QWidget& mainWindow_;
+  QWidget& mainWindow_;
   QLineEdit* Ipt_ = Make(&PointingWindow::Ipt);
   CaptionLabel* Label5_ = Make(&PointingWindow::Label5);
   QLineEdit* BearText_ = Make(&PointingWindow::BearText);

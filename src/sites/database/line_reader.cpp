@@ -11,6 +11,10 @@ constexpr std::size_t kLongestCarry = kLongestLine + 1;
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
 constexpr std::size_t kPageSize = 4096;
 
+std::string_view Unread(const DatabaseHandle& database) {
+  return {database.buffer.data() + database.cursor, database.limit - database.cursor};
+}
+
 // Reads the next block to the start of a memory page, where the system copies fastest, and moves
 // the unread bytes to just in front of it. False at the end of the file and after a read error.
 bool ReadBlock(DatabaseHandle& database) {
@@ -52,37 +56,28 @@ bool OpenDatabase(Workspace& w) {
 
 bool ReadLine(DatabaseHandle& database, std::string_view& line) {
   bool tooLong = false;
-  std::size_t searched = 0;  // characters of the line known to contain no CR
   for (;;) {
     if (database.skipLineFeed && database.cursor < database.limit) {
       database.skipLineFeed = false;
       if (database.buffer[database.cursor] == '\n') ++database.cursor;
     }
-    const char* from = database.buffer.data() + database.cursor;
-    const std::size_t length = database.limit - database.cursor;
-    const void* found =
-        length > searched ? std::memchr(from + searched, '\r', length - searched) : nullptr;
-    if (found != nullptr) {
-      line = {from, static_cast<std::size_t>(static_cast<const char*>(found) - from)};
-      database.cursor += line.size() + 1;
+    line = Unread(database);
+    if (const std::size_t length = line.find('\r'); length != std::string_view::npos) {
+      line = line.substr(0, length);
+      database.cursor += length + 1;
       database.skipLineFeed = true;
-      if (!tooLong && line.size() <= kLongestLine) return true;
+      if (!tooLong && length <= kLongestLine) return true;
       tooLong = false;
-      searched = 0;
-      continue;
+    } else {
+      tooLong = tooLong || line.size() > kLongestLine;
+      if (tooLong) database.cursor = database.limit;
+      if (!ReadBlock(database)) break;
     }
-    searched = length;
-    if (length > kLongestLine) {
-      tooLong = true;
-      database.cursor = database.limit;
-      searched = 0;
-    }
-    if (!ReadBlock(database)) break;
   }
   // The last line may have no line end.
-  line = {database.buffer.data() + database.cursor, database.limit - database.cursor};
+  line = Unread(database);
   database.cursor = database.limit;
-  return !tooLong && !line.empty() && !database.failed;
+  return !line.empty() && !database.failed;
 }
 
 void CloseDatabase(Workspace& w) {

@@ -1,71 +1,171 @@
 #include "sites/database/text_search.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <numeric>
+#include <vector>
 
+#include "sites/database/line_reader.h"
 #include "workspace/values/strings.h"
+
+// The option TARNWICK_PORTABLE leaves out code for one processor.
+#if defined(__SSE2__) && !defined(TARNWICK_PORTABLE)
+#define TARNWICK_SSE2
+#include <emmintrin.h>
+#endif
 
 namespace {
 
-unsigned char Code(char c) {
-  return static_cast<unsigned char>(c);
+constexpr std::size_t kBlock = 64;
+static_assert(2 * kBlock <= kBlockPadding);
+
+constexpr CharacterPair kAnywhere = {{{0, 0xFF, 0xFF}, {0, 0xFF, 0xFF}}};
+constexpr CharacterPair kReturn = {{{0, 0, '\r'}, {0, 0, '\r'}}};
+constexpr CharacterPair kTilde = {{{0, 0, '~'}, {0, 0, '~'}}};
+
+// Sets bit i if a text that starts at at[i] passes both tests, for i from 0 to 63.
+std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
+  std::uint64_t mask = 0;
+#ifdef TARNWICK_SSE2
+  const auto passing = [](const char* text, CharacterTest test) {
+    const __m128i read = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + test.index));
+    const __m128i folded = _mm_or_si128(read, _mm_set1_epi8(static_cast<char>(test.mask)));
+    return _mm_cmpeq_epi8(folded, _mm_set1_epi8(static_cast<char>(test.expected)));
+  };
+  for (std::size_t i = 0; i < kBlock; i += 16) {
+    const __m128i both = _mm_and_si128(passing(at + i, pair[0]), passing(at + i, pair[1]));
+    mask |= std::uint64_t{static_cast<std::uint16_t>(_mm_movemask_epi8(both))} << i;
+  }
+#else
+  const auto passes = [](const char* text, CharacterTest test) {
+    return (static_cast<unsigned char>(text[test.index]) | test.mask) == test.expected;
+  };
+  for (std::size_t i = 0; i < kBlock; ++i)
+    mask |= std::uint64_t{passes(at + i, pair[0]) && passes(at + i, pair[1])} << i;
+#endif
+  return mask;
 }
 
 // The test for a capital and its small letters; the mask is the bits in which they differ.
-MaskedByte MaskedByteFor(char capital) {
-  MaskedByte test;
-  for (std::size_t code = 0; code < kCapitals.size(); ++code)
-    if (kCapitals[code] == capital) test.mask |= static_cast<unsigned char>(code ^ Code(capital));
-  test.expected = Code(capital) | test.mask;
+CharacterTest TestFor(char capital, std::size_t index) {
+  const auto code = static_cast<unsigned char>(capital);
+  CharacterTest test{index, 0, code};
+  for (std::size_t other = 0; other < kCapitals.size(); ++other)
+    if (kCapitals[other] == capital) test.mask |= static_cast<unsigned char>(other ^ code);
+  test.expected |= test.mask;
   return test;
 }
 
-// The two characters of a text that are rarest in names and remarks.
+// The tests for the two characters of a text that are rarest in names and remarks.
 CharacterPair RarestPairOf(std::string_view upper) {
   constexpr std::string_view kCommonFirst = " EAOTINRSLHDG1F0CM2U34B5W6P789KY~,.VZXQJ";
-  const std::string_view text = upper.substr(0, CharacterPair::kFarthest + 1);
-  if (text.empty()) return {};
-  const auto rarestBut = [&](std::size_t taken) {
-    std::size_t best = taken == 0 ? text.size() - 1 : 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-      if (i != taken && kCommonFirst.find(text[i]) > kCommonFirst.find(text[best])) best = i;
-    return best;
-  };
-  CharacterPair pair;
-  pair.firstAt = rarestBut(text.size());
-  pair.secondAt = rarestBut(pair.firstAt);
-  pair.first = MaskedByteFor(text[pair.firstAt]);
-  pair.second = MaskedByteFor(text[pair.secondAt]);
-  return pair;
-}
-
-}  // namespace
-
-CaseBlindText::CaseBlindText(std::string_view text)
-    : upper(UpperOf(text)), rarest(RarestPairOf(upper)) {
-  std::array<std::size_t, 256> byCapital{};
-  byCapital.fill(upper.size());
-  for (std::size_t i = 0; i + 1 < upper.size(); ++i)
-    byCapital[Code(upper[i])] = upper.size() - 1 - i;
-  for (std::size_t code = 0; code < shift.size(); ++code) {
-    const char capital = kCapitals[code];
-    shift[code] = byCapital[Code(capital)];
-    ends[code] = !upper.empty() && capital == upper.back();
-  }
-}
-
-bool Matches(std::string_view line, const CaseBlindText& sought) {
-  const std::size_t length = sought.upper.size();
-  if (length == 0) return true;
-  for (std::size_t at = 0; at + length <= line.size();) {
-    const unsigned char last = Code(line[at + length - 1]);
-    if (sought.ends[last] && BeginsWith(line.substr(at), sought)) return true;
-    at += sought.shift[last];
-  }
-  return false;
+  if (upper.empty()) return kAnywhere;
+  std::vector<std::size_t> indices(std::min(upper.size(), kBlock));
+  std::iota(indices.begin(), indices.end(), 0);
+  std::stable_sort(indices.begin(), indices.end(), [&](std::size_t a, std::size_t b) {
+    return kCommonFirst.find(upper[a]) > kCommonFirst.find(upper[b]);
+  });
+  const std::size_t first = indices.front();
+  const std::size_t second = indices[indices.size() > 1 ? 1 : 0];
+  return {TestFor(upper[first], first), TestFor(upper[second], second)};
 }
 
 bool BeginsWith(std::string_view rest, const CaseBlindText& sought) {
   return rest.size() >= sought.upper.size() &&
          std::equal(sought.upper.begin(), sought.upper.end(), rest.begin(),
                     [](char u, char c) { return u == UpperOf(c); });
+}
+
+// Returns the first place where the text begins, or `end`.
+const char* FindText(const char* at, const char* end, const CaseBlindText& sought) {
+  const CharacterPair rarest = sought.rarest;  // a copy: the compiler keeps it in registers
+  for (; at < end; at += kBlock) {
+    for (std::uint64_t places = MatchMask64(at, rarest); places != 0; places &= places - 1) {
+      const char* place = at + std::countr_zero(places);
+      if (place >= end || BeginsWith({place, end}, sought)) return std::min(place, end);
+    }
+  }
+  return end;
+}
+
+// Returns the end of the first line without a "~", or `end`. The addition carries a bit from the
+// start of each line through all characters except "~", so the carry reaches the return of such a
+// line.
+const char* FindLineWithoutTilde(const char* at, const char* end) {
+  bool noTildeYet = true;  // in the line that crosses the start of the block
+  for (; at < end; at += kBlock) {
+    const std::uint64_t returns = MatchMask64(at, kReturn);
+    const std::uint64_t others = ~MatchMask64(at, kTilde);
+    const std::uint64_t starts = returns << 1 | (noTildeYet ? 1U : 0U);
+    const std::uint64_t sum = others + starts;
+    const std::uint64_t carried = sum ^ others ^ starts;
+    const std::uint64_t found = returns & (carried | starts);
+    if (found != 0) return std::min(at + std::countr_zero(found), end);
+    noTildeYet = returns >> (kBlock - 1) != 0 || sum < others;
+  }
+  return end;
+}
+
+// Returns the start of the line that contains `at`, or `from` if the line starts before it.
+const char* LineStart(const char* from, const char* at) {
+  for (; static_cast<std::size_t>(at - from) >= kBlock; at -= kBlock)
+    if (const std::uint64_t returns = MatchMask64(at - kBlock, kReturn); returns != 0)
+      return at - std::countl_zero(returns);
+  while (at != from && at[-1] != '\r') --at;
+  return at;
+}
+
+const char* Cursor(const DatabaseHandle& database) {
+  return database.buffer.data() + database.cursor;
+}
+
+const char* FindText(const DatabaseHandle& database, const CaseBlindText& sought) {
+  return FindText(Cursor(database), database.buffer.data() + database.limit, sought);
+}
+
+void MoveCursorTo(DatabaseHandle& database, const char* lineStart) {
+  if (lineStart == Cursor(database)) return;
+  database.cursor = static_cast<std::size_t>(lineStart - database.buffer.data());
+  database.skipLineFeed = true;
+}
+
+}  // namespace
+
+CaseBlindText::CaseBlindText(std::string_view text)
+    : upper(UpperOf(text)), rarest(RarestPairOf(upper)) {}
+
+bool Matches(std::string_view line, const CaseBlindText& sought) {
+  const char* end = line.data() + line.size();
+  return sought.upper.empty() || FindText(line.data(), end, sought) != end;
+}
+
+bool ReadMatchingLine(DatabaseHandle& database, const CaseBlindText& sought,
+                      std::string_view& line) {
+  for (;;) {
+    const char* place = FindText(database, sought);
+    MoveCursorTo(database, LineStart(Cursor(database), place));
+    if (!ReadLine(database, line)) return false;
+    // Usually the text begins there. If the line was incomplete, it can begin anywhere.
+    const char* end = line.data() + line.size();
+    if (place >= line.data() && place < end && BeginsWith({place, end}, sought)) return true;
+    if (Matches(line, sought)) return true;
+  }
+}
+
+void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought) {
+  CaseBlindText endMarker("ENDENDEND");
+  endMarker.rarest = {{{2, 0, 'D'}, {5, 0, 'D'}}};  // capitals only
+  const char* from = Cursor(database);
+  const char* stop = FindText(database, sought);
+  stop = FindText(from, stop, endMarker);
+  stop = FindLineWithoutTilde(from, stop);
+  const char* start = LineStart(from, stop);
+  // Back to the last line that ReadLine returns.
+  for (std::size_t length = kLongestLine + 1; start != from && length > kLongestLine;) {
+    const char* next = start;
+    start = LineStart(from, next - 1);
+    length = static_cast<std::size_t>(next - start);
+  }
+  MoveCursorTo(database, start);
 }

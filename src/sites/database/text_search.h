@@ -1,4 +1,7 @@
-// Searches lines for a text without regard to case.
+// Searches the site database for a text without regard to case.
+//
+// A line can contain a text only where it contains a certain pair of its characters. The buffer is
+// searched for the pair, 64 characters at a time, and only a line with the whole text is read.
 #pragma once
 
 #include <array>
@@ -6,33 +9,31 @@
 #include <string>
 #include <string_view>
 
-// Matches a character c where (c | mask) == expected: one character, or a letter in both cases. For
-// some accented letters it matches a few more, so a match is checked again.
-struct MaskedByte {
-  unsigned char mask = 0, expected = 0;
-};
+#include "workspace/record/workspace.h"
 
-// Two characters of a text and their indices in it, at most kFarthest. The initial value matches
-// anywhere.
-struct CharacterPair {
-  static constexpr std::size_t kFarthest = 63;
-  MaskedByte first{0xFF, 0xFF}, second{0xFF, 0xFF};
-  std::size_t firstAt = 0, secondAt = 0;
+// Passes where the character c at an index of a text has (c | mask) == expected: one character, or
+// a letter in both cases. For some accented letters it matches a few more.
+struct CharacterTest {
+  std::size_t index;  // 0 to 63
+  unsigned char mask, expected;
 };
+using CharacterPair = std::array<CharacterTest, 2>;
 
-// A text to search for, with the tables that the search needs.
+// A text to search for.
 struct CaseBlindText {
   explicit CaseBlindText(std::string_view text);
   std::string upper;
-  // Horspool's tables, indexed by the character of the line that is compared with the last one of
-  // the text: how far the search can advance, and whether the text may end at that character.
-  std::array<std::size_t, 256> shift{};
-  std::array<bool, 256> ends{};
-  CharacterPair rarest;  // every occurrence contains it
+  CharacterPair rarest;  // every occurrence passes both tests
 };
 
 // Whether the line contains the text, anywhere, "~" included. Every line contains the empty text.
+// The kBlockPadding characters after the line must be readable, as they are after ReadLine.
 bool Matches(std::string_view line, const CaseBlindText& sought);
 
-// Whether the rest of a line begins with the text.
-bool BeginsWith(std::string_view rest, const CaseBlindText& sought);
+// Reads the next line that contains the text, as ReadLine does.
+[[nodiscard]] bool ReadMatchingLine(DatabaseHandle& database, const CaseBlindText& sought,
+                                    std::string_view& line);
+
+// Moves the cursor past lines that contain a "~" but neither the text nor the end marker. Stops in
+// front of the last such line in the buffer, whose name the caller may need.
+void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought);

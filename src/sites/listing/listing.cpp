@@ -69,19 +69,13 @@ void WriteRows(Workspace& w, const Limits& limits, ListingFile& out) {
   std::int32_t rows = 0;
   std::string_view line;
   while (!out.failed && ReadLine(w.database, line)) {
-    const SiteLine site = SplitSiteLine(line);
-    if (!site.isRecord) continue;
-    ReadRecord(line, site, record);
-    RowOutcome outcome = TryFastRow(fast, record, out.pending);
-    if (outcome == RowOutcome::NeedsExactPath) {
+    if (!ReadRecord(line, record)) continue;
+    std::optional<bool> listed = TryFastRow(fast, record, out.pending);
+    if (!listed.has_value()) {
       ReplayDeferred(fast, w, columns);
-      DecodeRecord(w, record, columns);
-      const ListingRow row = RowOf(w, columns);
-      if (!Passes(row, limits)) continue;
-      AppendRow(out.pending, row);
-    } else if (outcome == RowOutcome::Dropped) {
-      continue;
+      listed = AppendExactRow(w, record, limits, columns, out.pending);
     }
+    if (!*listed) continue;
     EndLine(out);
     if (++rows % 10 == 0) EndLine(out);
   }

@@ -1,10 +1,8 @@
 #include "sites/listing/listing_row.h"
 
-#include <algorithm>
-
 #include "geo/grid_reference.h"
 #include "geo/locator.h"
-#include "workspace/commands/classify_input.h"
+#include "sites/database/site_line.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/strings.h"
 
@@ -25,12 +23,6 @@ constexpr std::size_t kKilometresColumn = 103;
 constexpr Picture kTenths = PictureOf("####0.0");
 constexpr Picture kBracketedTenths = PictureOf("(####0.0)");
 
-bool IsInSector(double bearing, double from, double to) {
-  if (from < to) return bearing >= from && bearing <= to;
-  if (from > to) return bearing >= from || bearing <= to;
-  return false;
-}
-
 }  // namespace
 
 Limits LimitsOf(const MainWindow& main) {
@@ -39,13 +31,26 @@ Limits LimitsOf(const MainWindow& main) {
           CaseBlindText(main.Srchtext.text)};
 }
 
-void ReadRecord(std::string_view line, const SiteLine& site, SiteRecord& record) {
-  record.line = line.substr(0, site.name.size() + 1 + site.position.size());
+bool IsWithin(const Limits& limits, const DistanceAndBearings& figures) {
+  const auto [distance, bearing, backbearing] = figures;
+  const bool isPastFrom = bearing >= limits.from;
+  const bool isBeforeTo = bearing <= limits.to;
+  const bool isInSector = limits.from < limits.to
+                              ? isPastFrom && isBeforeTo
+                              : limits.from > limits.to && (isPastFrom || isBeforeTo);
+  return distance >= limits.minimum && distance <= limits.maximum && isInSector;
+}
+
+bool ReadRecord(std::string_view line, SiteRecord& record) {
+  const SiteLine site = SplitSiteLine(line);
+  if (!site.isRecord) return false;
+  record.line = line;
   record.name = site.name;
   record.position = site.position;
   for (char& c : record.position) c = UpperOf(c);
   ClassifyInput(record.position, record.kind);
   if (HasEndMarker(line)) record.kind = kSiteName;
+  return true;
 }
 
 void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns) {
@@ -64,37 +69,31 @@ void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns) {
   DistBear(w);
 }
 
-ListingRow RowOf(const Workspace& w, const Columns& columns) {
-  return {w.sitename, columns.locator, columns.gridReference, {w.Dist, w.Bearing, w.Backbearing}};
+bool AppendExactRow(Workspace& w, const SiteRecord& record, const Limits& limits, Columns& columns,
+                    std::string& text) {
+  DecodeRecord(w, record, columns);
+  const DistanceAndBearings figures{w.Dist, w.Bearing, w.Backbearing};
+  if (!Matches(record.name, limits.name) || !IsWithin(limits, figures)) return false;
+  AppendRow(text, record.name, columns.locator, columns.gridReference, figures);
+  return true;
 }
 
-bool IsWithin(const Limits& limits, const DistanceAndBearings& figures) {
-  return figures.distance >= limits.minimum && figures.distance <= limits.maximum &&
-         IsInSector(figures.bearing, limits.from, limits.to);
-}
-
-bool Passes(const ListingRow& row, const Limits& limits) {
-  return Matches(row.name, limits.name) && IsWithin(limits, row.figures);
-}
-
-void AppendRow(std::string& text, const ListingRow& row) {
+void AppendRow(std::string& text, std::string_view name, std::string_view locator,
+               std::string_view gridReference, const DistanceAndBearings& figures) {
   const std::size_t start = text.size();
   text.append(kRowLength, ' ');
   const auto put = [&](std::size_t column, std::string_view item) {
     OverwriteAt(text, start + column - 1, item);
   };
-  const auto putUnit = [&](std::size_t column, std::string_view unit) {
-    unit.copy(text.data() + start + column - 1, unit.size());
-  };
   const auto putNumber = [&](std::size_t column, double value, const Picture& picture) {
     PutPicture(text, start + column - 1, value, picture);
   };
-  put(kNameColumn, row.name.substr(0, kNameLength));
-  put(kLocatorColumn, row.locator);
-  put(kGridReferenceColumn, row.gridReference);
-  putNumber(kBearingColumn, row.figures.bearing, kTenths);
-  putNumber(kBackbearingColumn, row.figures.backbearing, kBracketedTenths);
-  putUnit(kDegreesColumn, "deg");
-  putNumber(kDistanceColumn, row.figures.distance, kTenths);
-  putUnit(kKilometresColumn, "km");
+  put(kNameColumn, name.substr(0, kNameLength));
+  put(kLocatorColumn, locator);
+  put(kGridReferenceColumn, gridReference);
+  putNumber(kBearingColumn, figures.bearing, kTenths);
+  putNumber(kBackbearingColumn, figures.backbearing, kBracketedTenths);
+  put(kDegreesColumn, "deg");
+  putNumber(kDistanceColumn, figures.distance, kTenths);
+  put(kKilometresColumn, "km");
 }

@@ -11,7 +11,7 @@
 #include "pointing/compass.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
-#include "sites/database/skip_lines.h"
+#include "sites/database/text_search.h"
 #include "workspace/commands/classify_input.h"
 #include "workspace/commands/place_display.h"
 #include "workspace/values/strings.h"
@@ -94,7 +94,7 @@ void FindSite(Workspace& w) {
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
   for (;;) {
-    SkipNonMatchingSites(w.database, sought, w.sitename);
+    SkipNonMatchingSites(w.database, sought);
     if (!ReadLine(w.database, line)) break;
     if (HasEndMarker(line)) return ShowNotFound(w);
     const SiteLine site = SplitSiteLine(line);

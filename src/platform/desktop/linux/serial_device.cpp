@@ -1,26 +1,51 @@
 #include "platform/desktop/serial_device.h"
 
+#include <fcntl.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSerialPort>
+#include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
 #include <iterator>
 
 namespace {
 
-// Limit of Qt's read buffer in bytes; further characters wait in the system's queue.
-constexpr qint64 kReadBufferSize = 128;
-
-// Whether a running program has locked the device with an old-style lock file, which contains its
-// process number and nothing else. Qt would take such a file for a leftover and remove it.
+// Whether a running program has locked the device with an old-style lock file, whose first line is
+// its process number.
 bool IsLockedByFile(const QString& device) {
   QFile lock("/var/lock/LCK.." + QFileInfo(device).fileName());
   if (!lock.open(QIODevice::ReadOnly)) return false;
   const pid_t owner = lock.readLine().trimmed().toInt();
-  return owner > 0 && lock.atEnd() && (kill(owner, 0) == 0 || errno == EPERM);
+  return owner > 0 && (kill(owner, 0) == 0 || errno == EPERM);
+}
+
+// Sets a speed for which <termios.h> has no constant. The kernel's header for it contradicts that
+// header, so this is its `struct termios2`.
+bool SetOtherSpeed(int port, int speed) {
+  struct {
+    tcflag_t input, output, control, local;
+    cc_t line, characters[19];
+    speed_t inputSpeed, outputSpeed;
+  } settings{};
+  if (ioctl(port, _IOR('T', 0x2A, settings), &settings) != 0) return false;
+  settings.control = (settings.control & ~static_cast<tcflag_t>(CBAUD)) | CBAUDEX;
+  settings.inputSpeed = settings.outputSpeed = static_cast<speed_t>(speed);
+  return ioctl(port, _IOW('T', 0x2B, settings), &settings) == 0;
+}
+
+bool SetUp(int port, termios line, int speed) {
+  line.c_iflag = IGNPAR;
+  line.c_oflag = line.c_lflag = 0;
+  line.c_cflag = (line.c_cflag & HUPCL) | CS8 | CREAD | CLOCAL;
+  line.c_cc[VMIN] = 1;  // so that a read of no characters means the end
+  line.c_cc[VTIME] = 0;
+  const bool isNamed = cfsetspeed(&line, static_cast<speed_t>(speed)) == 0;
+  return tcsetattr(port, TCSANOW, &line) == 0 && (isNamed || SetOtherSpeed(port, speed));
 }
 
 }  // namespace
@@ -42,52 +67,63 @@ QString DeviceOf(int port, const QString& folder) {
 }
 
 struct SerialDevice::System {
-  QSerialPort port;
+  int port = -1;
+  termios settingsBefore{};
+  QSocketNotifier arrivals{QSocketNotifier::Read};
 };
 
 SerialDevice::SerialDevice(const std::function<void()>& onData)
     : system_(std::make_unique<System>()) {
-  QSerialPort& port = system_->port;
-  port.setReadBufferSize(kReadBufferSize);
-  QObject::connect(&port, &QSerialPort::readyRead, &port, onData);
-  // A device that was unplugged or hung up would report its error again and again. Other errors,
-  // such as control lines that a pseudo terminal lacks, do not close the port.
-  QObject::connect(&port, &QSerialPort::errorOccurred, &port,
-                   [this](QSerialPort::SerialPortError error) {
-                     if (error == QSerialPort::ReadError || error == QSerialPort::ResourceError)
-                       Close();
-                   });
+  QObject::connect(&system_->arrivals, &QSocketNotifier::activated, onData);
 }
 
-SerialDevice::~SerialDevice() = default;
+SerialDevice::~SerialDevice() {
+  Close();
+}
 
 bool SerialDevice::Open(const QString& device, int speed) {
-  QSerialPort& port = system_->port;
-  if (!QFileInfo::exists(device) || IsLockedByFile(device)) return false;
-  port.setPortName(device);
-  if (!port.setBaudRate(speed) || !port.open(QIODevice::ReadOnly)) return false;
-  if (flock(port.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+  if (speed <= 0 || !QFileInfo::exists(device) || IsLockedByFile(device)) return false;
+  const int port =
+      open(device.toLocal8Bit().constData(), O_RDONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+  const bool isLocked = flock(port, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  if (isLocked || tcgetattr(port, &system_->settingsBefore) != 0) {
+    close(port);
+    return false;
+  }
+  system_->port = port;
+  ioctl(port, TIOCEXCL);
+  if (!SetUp(port, system_->settingsBefore, speed)) {
     Close();
     return false;
   }
-  port.clear(QSerialPort::Input);
-  return true;
+  Discard();
+  system_->arrivals.setSocket(port);
+  system_->arrivals.setEnabled(true);
+  return IsOpen();
 }
 
 void SerialDevice::Close() {
-  if (IsOpen()) system_->port.close();
+  if (!IsOpen()) return;
+  system_->arrivals.setEnabled(false);
+  tcsetattr(system_->port, TCSANOW, &system_->settingsBefore);
+  ioctl(system_->port, TIOCNXCL);
+  close(system_->port);
+  system_->port = -1;
 }
 
 bool SerialDevice::IsOpen() const {
-  return system_->port.isOpen();
+  return system_->port >= 0;
 }
 
 std::string SerialDevice::Read() {
-  return system_->port.readAll().toStdString();
+  if (!IsOpen()) return {};
+  char text[128];
+  const ssize_t count = read(system_->port, text, sizeof text);
+  if (count > 0) return {text, static_cast<std::size_t>(count)};
+  if (count == 0 || (errno != EAGAIN && errno != EINTR)) Close();  // unplugged or hung up
+  return {};
 }
 
 void SerialDevice::Discard() {
-  if (!IsOpen()) return;
-  system_->port.readAll();  // a full read buffer stops the reports of new characters
-  system_->port.clear(QSerialPort::Input);
+  if (IsOpen() && tcflush(system_->port, TCIFLUSH) != 0) Close();
 }
