@@ -3,8 +3,7 @@
 
 #include "geo/dist_bear.h"
 #include "geo/grid_reference.h"
-#include "geo/lat_long_display.h"
-#include "geo/lat_long_parser.h"
+#include "geo/lat_long.h"
 #include "geo/locator.h"
 #include "geo/national_grid.h"
 #include "platform/headless/headless.h"

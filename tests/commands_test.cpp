@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "geo/lat_long_display.h"
+#include "geo/lat_long.h"
 #include "platform/code_page.h"
 #include "platform/headless/headless.h"
 #include "sites/listing/listing.h"

@@ -48,10 +48,10 @@ TEST_F(Geo, LocatorsRoundTrip) {
           last - static_cast<int>(random() %
                                   (last == '9' ? 10U : static_cast<unsigned>(last - 'A') + 1U)));
     std::string back;
-    const int length = 6 + round % 3 * 2;
-    DecodeLocator(w, LeftOf(lc, length), w.Lat, w.Lon);
+    const std::size_t length = 6 + round % 3 * 2U;
+    DecodeLocator(w, lc.substr(0, length), w.Lat, w.Lon);
     GenLocator(w.Lat, w.Lon, back);
-    ASSERT_EQ(back, LeftOf(lc, length) + MidOf("44MM", length - 5));
+    ASSERT_EQ(back, lc.substr(0, length) + &"44MM"[length - 6]);
   }
 }
 

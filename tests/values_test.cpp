@@ -184,12 +184,4 @@ TEST(UpperOf, RaisesWhatHasACapital) {
   }
 }
 
-TEST(Texts, AreCutAndSearchedFromOne) {
-  EXPECT_EQ(FindIn(3, "ab", "b"), 0);
-  EXPECT_EQ(FindIn(3, "abab", "b"), 4);
-  EXPECT_EQ(MidOf("abc", 4), "");
-  EXPECT_EQ(MidOf("abc", 2, 9), "bc");
-  EXPECT_EQ(LeftOf("abc", -1), "");
-}
-
 }  // namespace

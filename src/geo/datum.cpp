@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "geo/angles.h"
 #include "geo/trigonometry.h"
 
 namespace {

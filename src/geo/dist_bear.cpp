@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geo/angles.h"
 #include "geo/trigonometry.h"
-#include "workspace/values/rounding.h"
 
 namespace {
 
@@ -16,9 +14,8 @@ constexpr double kOneMetre = 0.001;     // km
 }  // namespace
 
 double ACS(double x) {
-  const double quadrant = (1 - SignOf(x)) * kPi / 2;
-  if (x == 0) return quadrant;
-  return Arctangent(std::sqrt(1 - x * x) / x) + quadrant;
+  if (x == 0) return kPi / 2;
+  return Arctangent(std::sqrt(1 - x * x) / x) + (x < 0 ? kPi : 0);
 }
 
 HomeStation HomeStationAt(double lat, double lon) {

@@ -6,7 +6,7 @@
 inline constexpr double kEarthRadius = 6371.29;  // km
 
 // Returns the arc cosine, radians from 0 to pi, of a number from -1 to 1. Uses Arctangent and a pi
-// of 12 decimals (geo/angles.h), so it differs from std::acos in the last digits.
+// of 12 decimals (geo/trigonometry.h), so it differs from std::acos in the last digits.
 double ACS(double x);
 
 // A home station, degrees, with the sine and the cosine of its latitude, which a listing needs for

@@ -1,21 +1,18 @@
 #include "geo/grid_reference.h"
 
-#include <algorithm>
-
 #include "geo/national_grid.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
-#include "workspace/values/strings.h"
 
 namespace {
 
 // Convert between a letter and its index, from 0, in the grid alphabet, which has no I.
-int LetterIndex(char letter) {
+int IndexOf(char letter) {
   const int index = static_cast<unsigned char>(letter) - 'A';
   return index > 'I' - 'A' ? index - 1 : index;
 }
-char LetterAt(int index) {
-  return CharOf(index < 'I' - 'A' ? 'A' + index : 'B' + index);
+char LetterOf(int index) {
+  return static_cast<char>(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
 // Size in metres of one unit of the last digit, by the number of digits; 0 above 5 digits.
@@ -24,25 +21,20 @@ int UnitOf(std::size_t digits) {
   return digits < 6 ? kUnits[digits] : 0;
 }
 
-// Half of a number; a tie is rounded to the even integer.
-std::size_t HalfOf(std::size_t number) {
-  return number % 4 == 3 ? number / 2 + 1 : number / 2;
-}
-
 // One axis of a reference.
 struct AxisReference {
   int square;  // its column or row
   int units;   // from the edge of the square
 };
 
-// Rounds a coordinate, m, to the digits of a reference; a tie goes to the even digit. A remainder
-// that rounds up to a whole square carries into the next square: 499,600 m in units of 1 km is 00
-// in the next square.
-AxisReference RoundToReference(double coordinate, const GridPrecision& precision) {
-  const int square = RoundToInt32(coordinate) / static_cast<int>(kSquareSide);
-  const int units = RoundToInt32((coordinate - square * kSquareSide) / precision.unit);
-  if (units < precision.unitsPerSquare) return {square, units};
-  return {square + 1, units - precision.unitsPerSquare};
+// Rounds a coordinate, m, to units of a reference; a tie goes to the even number. A remainder that
+// rounds up to a whole square carries into the next square: 499,600 m in units of 1 km is 00 in the
+// next square.
+AxisReference RoundToReference(double coordinate, int unit) {
+  const int square = RoundToInt32(coordinate) / kSquareSide;
+  const int units = RoundToInt32((coordinate - square * kSquareSide) / unit);
+  if (units * unit < kSquareSide) return {square, units};
+  return {square + 1, units - kSquareSide / unit};
 }
 
 // Overwrites `count` characters with a number of at most `count` digits, padded with zeros.
@@ -58,44 +50,41 @@ void ShowEastNorth(Workspace& w, double easting, double northing) {
 
 }  // namespace
 
-void SquareCorner(char firstLetter, char secondLetter, int& easting, int& northing) {
-  const int first = LetterIndex(firstLetter);    // squares of 500 km
-  const int second = LetterIndex(secondLetter);  // squares of 100 km
-  easting = (first % 5) * 500000 + (second % 5) * 100000 - 1000000;
-  northing = 1900000 - (first / 5) * 500000 - (second / 5) * 100000;
+std::pair<int, int> SquareCorner(char firstLetter, char secondLetter) {
+  const int first = IndexOf(firstLetter);    // squares of 500 km
+  const int second = IndexOf(secondLetter);  // squares of 100 km
+  return {(first % 5) * 500000 + (second % 5) * 100000 - 1000000,
+          1900000 - (first / 5) * 500000 - (second / 5) * 100000};
 }
 
 std::array<char, 2> SquareLetters(int column, int row) {
   const int first = 'R' - 'A' - 5 * (row / 5) + column / 5;
   const int second = 5 * (4 - row % 5) + column % 5;
-  return {LetterAt(first), LetterAt(second)};
+  return {LetterOf(first), LetterOf(second)};
 }
 
 GridPrecision PrecisionFor(double resolution) {
-  if (resolution < 0.01) return {1, 5, 100000};
-  if (resolution < 0.1) return {10, 4, 10000};
-  if (resolution <= 2) return {100, 3, 1000};
-  return {1000, 2, 100};
+  if (resolution < 0.01) return {1, 5};
+  if (resolution < 0.1) return {10, 4};
+  if (resolution <= 2) return {100, 3};
+  return {1000, 2};
 }
 
 void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution) {
   const std::string_view digits = ngr.substr(2);
-  const std::size_t half = HalfOf(digits.size());
-  const double east = TextToNumber(digits.substr(0, half));
-  const double north = TextToNumber(digits.substr(std::min(half, digits.size()), half));
+  // Half of the digits; a tie goes to the even number.
+  const std::size_t half = digits.size() / 2 + (digits.size() % 4 == 3 ? 1 : 0);
   const int unit = UnitOf(half);
-  int squareEasting = 0;
-  int squareNorthing = 0;
-  SquareCorner(ngr[0], ngr[1], squareEasting, squareNorthing);
-  easting = squareEasting + Finite(east * unit);
-  northing = squareNorthing + Finite(north * unit);
-  Resolution = unit == 0 ? kSquareSide / 1000 : unit / 1000.0;
+  const auto [squareEasting, squareNorthing] = SquareCorner(ngr[0], ngr[1]);
+  easting = squareEasting + Finite(TextToNumber(digits.substr(0, half)) * unit);
+  northing = squareNorthing + Finite(TextToNumber(digits.substr(half, half)) * unit);
+  Resolution = (unit == 0 ? kSquareSide : unit) / 1000.0;
 }
 
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
-  const std::string digits = MidOf(ngr, 3);
-  const int northStart = RoundToInt32(LengthOf(digits) / 2.0 + 1);
-  w.Tarnwick.OSMap.caption = LeftOf(ngr, 3) + MidOf(digits, northStart, 1);
+  // Where the northing begins: other than in NGRToGrid, 2.5 is rounded to 3, and 3.5 to 3.
+  const std::size_t north = 2 + (ngr.size() - 2) / 2 + (ngr.size() % 4 == 3 ? 1 : 0);
+  w.Tarnwick.OSMap.caption = ngr.substr(0, 3) + ngr[north];
   double easting = 0;
   double northing = 0;
   NGRToGrid(ngr, easting, northing, w.Resolution);
@@ -106,15 +95,15 @@ void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
 }
 
 std::string GridReferenceOf(double easting, double northing, double resolution) {
-  const GridPrecision precision = PrecisionFor(resolution);
-  const AxisReference east = RoundToReference(easting, precision);
-  const AxisReference north = RoundToReference(northing, precision);
+  const auto [unit, digits] = PrecisionFor(resolution);
+  const AxisReference east = RoundToReference(easting, unit);
+  const AxisReference north = RoundToReference(northing, unit);
   const std::array<char, 2> letters = SquareLetters(east.square, north.square);
-  std::string ngr(2 + 2 * static_cast<std::size_t>(precision.digits) + 1, ' ');
+  std::string ngr(2 + 2 * static_cast<std::size_t>(digits) + 1, ' ');
   ngr[0] = letters[0];
   ngr[1] = letters[1];
-  WriteDigits(ngr.data() + 2, precision.digits, east.units);
-  WriteDigits(ngr.data() + 2 + precision.digits + 1, precision.digits, north.units);
+  WriteDigits(ngr.data() + 2, digits, east.units);
+  WriteDigits(ngr.data() + 2 + digits + 1, digits, north.units);
   return ngr;
 }
 

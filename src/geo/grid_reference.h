@@ -5,27 +5,25 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "workspace/record/workspace.h"
 
-inline constexpr double kSquareSide = 100000;  // m
+inline constexpr int kSquareSide = 100000;  // m
 
-// The south-west corner of a square.
-// In   firstLetter, secondLetter  A to Z. The grid alphabet has no I; an I counts as J.
-// Out  easting, northing          m; off the grid for letters off the grid
-void SquareCorner(char firstLetter, char secondLetter, int& easting, int& northing);
+// Returns the easting and northing, m, of the south-west corner of a square, off the grid for
+// letters off the grid. Letters are A to Z; the grid alphabet has no I, and an I counts as J.
+std::pair<int, int> SquareCorner(char firstLetter, char secondLetter);
 
 // Returns the two letters of a square. Column and row count from 0 at the south-west square SV.
 std::array<char, 2> SquareLetters(int column, int row);
 
 // How fine the digits of a reference are.
 struct GridPrecision {
-  int unit;            // m
-  int digits;          // in the easting, and as many in the northing
-  int unitsPerSquare;  // units along the side of a square
+  int unit;    // m
+  int digits;  // in the easting, and as many in the northing
 };
 
 // Returns the precision that the accuracy of a place, km, justifies: 2 digits above 2 km, 3 from

@@ -1,9 +1,5 @@
 #include "geo/locator.h"
 
-#include <cstddef>
-#include <cstdint>
-
-#include "geo/angles.h"
 #include "geo/trigonometry.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
@@ -17,14 +13,6 @@ constexpr double kKmPerDegree = 111.2;
 // from the corner of its cell to the centre.
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
-
-// The value, from 0, of the letter or digit at a position, which counts from 1.
-int LetterAt(std::string_view lc, std::size_t position) {
-  return static_cast<unsigned char>(lc[position - 1]) - 'A';
-}
-int DigitAt(std::string_view lc, std::size_t position) {
-  return static_cast<unsigned char>(lc[position - 1]) - '0';
-}
 
 // Finest squares in one unit of an axis; a unit is 1 degree of latitude or 2 of longitude.
 constexpr double kCells = 5760;
@@ -51,7 +39,7 @@ void WriteAxis(double axis, char* at) {
   constexpr double kMargin = 1e-6;
   const double cells = axis * kCells;
   if (!(cells >= 0 && cells < 180 * kCells)) return WriteAxisByStep(axis, at);
-  auto rest = static_cast<std::uint32_t>(static_cast<std::int32_t>(cells));
+  auto rest = static_cast<unsigned>(cells);
   const double inCell = cells - rest;
   if (inCell < kMargin || inCell > 1 - kMargin) return WriteAxisByStep(axis, at);
   at[8] = static_cast<char>('A' + rest % 24);
@@ -64,18 +52,20 @@ void WriteAxis(double axis, char* at) {
 }  // namespace
 
 void LocatorToWGS84(std::string_view lc, double& Lat, double& Lon, double& Resolution) {
-  char padded[] = "______44MM";
-  lc.copy(padded, 10);
-  const std::string_view all(padded, 10);
+  char all[] = "______44MM";
+  lc.copy(all, 10);
+  // The value, from 0, of the letter or digit at an index.
+  const auto letter = [&all](int i) { return static_cast<unsigned char>(all[i]) - 'A'; };
+  const auto digit = [&all](int i) { return static_cast<unsigned char>(all[i]) - '0'; };
   Resolution = 278.0 / 60;
   if (lc.size() >= 8) Resolution = 27.8 / 60;
   if (lc.size() >= 10) Resolution = (0.25 / 24 * kKmPerDegree) / 60;
-  const int wholeLon = (LetterAt(all, 1) - 9) * 20 + 2 * DigitAt(all, 3);
-  const int wholeLat = (LetterAt(all, 2) - 9) * 10 + DigitAt(all, 4);
-  Lon = wholeLon + (5.0 * LetterAt(all, 5)) / 60 + (0.5 * DigitAt(all, 7)) / 60 +
-        LetterAt(all, 9) / 2880.0 + kHalfCellLon;
-  Lat = wholeLat + (2.5 * LetterAt(all, 6)) / 60 + (0.25 * DigitAt(all, 8)) / 60 +
-        LetterAt(all, 10) / 5760.0 + kHalfCellLat;
+  const int wholeLon = (letter(0) - 9) * 20 + 2 * digit(2);
+  const int wholeLat = (letter(1) - 9) * 10 + digit(3);
+  Lon =
+      wholeLon + (5.0 * letter(4)) / 60 + (0.5 * digit(6)) / 60 + letter(8) / 2880.0 + kHalfCellLon;
+  Lat = wholeLat + (2.5 * letter(5)) / 60 + (0.25 * digit(7)) / 60 + letter(9) / 5760.0 +
+        kHalfCellLat;
 }
 
 void GenLocator(double Lat, double Lon, std::string& lc) {
@@ -85,7 +75,7 @@ void GenLocator(double Lat, double Lon, std::string& lc) {
 }
 
 void DecodeLocator(Workspace& w, const std::string& lc, double& Lat, double& Lon) {
-  if (LengthOf(lc) % 2 != 0) {
+  if (lc.size() % 2 != 0) {
     w.Tarnwick.InputText.text = "Locator error";
     return;
   }

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "geo/angles.h"
 #include "geo/datum.h"
 #include "geo/trigonometry.h"
 #include "workspace/values/rounding.h"

@@ -8,16 +8,16 @@ namespace {
 constexpr double kTiny = 0x1p-27;
 
 // An unevaluated sum of two doubles, with about twice the precision of one.
-struct Sum {
+struct DoubleDouble {
   double high, low;
 };
 
-constexpr Sum kQuarterTurn = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54};
+constexpr DoubleDouble kQuarterTurn = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54};
 
 // An angle as quarter turns and a remainder of an eighth of a turn at most.
 struct Reduced {
   unsigned quarters;
-  Sum angle;
+  DoubleDouble angle;
 };
 
 // Subtracts the quarter turns from an angle below 2^20 radians. The first two parts of a quarter
@@ -56,7 +56,7 @@ double Series(const double (&c)[8], double z) {
 }
 
 // Taylor series, for angles up to an eighth of a turn.
-double SineSeries(Sum angle) {
+double SineSeries(DoubleDouble angle) {
   static constexpr double kOfSine[] = {
       -1 / 6.0,        1 / 120.0,        -1 / 5040.0,          1 / 362880.0,
       -1 / 39916800.0, 1 / 6227020800.0, -1 / 1307674368000.0, 1 / 355687428096000.0};
@@ -65,7 +65,7 @@ double SineSeries(Sum angle) {
   return x + (x * z * Series(kOfSine, z) + angle.low * (1 - z / 2));
 }
 
-double CosineSeries(Sum angle) {
+double CosineSeries(DoubleDouble angle) {
   static constexpr double kOfCosine[] = {
       1 / 24.0,        -1 / 720.0,         1 / 40320.0,          -1 / 3628800.0,
       1 / 479001600.0, -1 / 87178291200.0, 1 / 20922789888000.0, -1 / 6402373705728000.0};
@@ -85,7 +85,7 @@ double ArctangentSeries(double x) {
 }
 
 // The sine of an angle of at most an eighth of a turn, plus a number of quarter turns.
-double SineFrom(unsigned quarters, Sum angle) {
+double SineFrom(unsigned quarters, DoubleDouble angle) {
   const double size = quarters % 2 == 0 ? SineSeries(angle) : CosineSeries(angle);
   return quarters % 4 < 2 ? size : -size;
 }
@@ -105,7 +105,7 @@ double Cosine(double angle) {
 
 // Uses atan(x) = atan(e) + atan((x - e) / (1 + x e)), where e is the multiple of 1/8 closest to x.
 double Arctangent(double ratio) {
-  static constexpr Sum kOfEighths[] = {
+  static constexpr DoubleDouble kOfEighths[] = {
       {0, 0},
       {0x1.fd5ba9aac2f6ep-4, -0x1.cd37686760c17p-59},
       {0x1.f5b75f92c80ddp-3, 0x1.8ab6e3cf7afbdp-57},
@@ -122,6 +122,6 @@ double Arctangent(double ratio) {
   if (ratio < 0.125) return ratio + ArctangentSeries(ratio);
   const auto eighths = static_cast<int>(std::floor(ratio * 8 + 0.5));
   const double rest = (ratio - eighths / 8.0) / (1 + ratio * eighths / 8.0);
-  const Sum& start = kOfEighths[eighths];
+  const DoubleDouble& start = kOfEighths[eighths];
   return start.high + (rest + (start.low + ArctangentSeries(rest)));
 }

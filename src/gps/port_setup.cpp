@@ -6,7 +6,6 @@
 
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
-#include "workspace/values/strings.h"
 
 namespace SetUpCom {
 
@@ -40,7 +39,8 @@ void Form_Load(Workspace& w) {
 }
 
 void Command1_Click(Workspace& w) {
-  const int port = RoundToInt16(TextToNumber(MidOf(w.SetUpCom.CPort.text, 4)));
+  const std::string_view name = w.SetUpCom.CPort.text;
+  const int port = RoundToInt16(TextToNumber(name.substr(std::min<std::size_t>(3, name.size()))));
   const int speed = SpeedOf(w.SetUpCom.Baud.text);
   if (speed == 0 || !w.platform.Serial().Open(port, speed)) {
     w.SetUpCom.Text1.text = "COM PORT FAIL";

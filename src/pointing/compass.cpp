@@ -1,6 +1,5 @@
 #include "pointing/compass.h"
 
-#include "geo/angles.h"
 #include "geo/trigonometry.h"
 #include "workspace/values/rounding.h"
 

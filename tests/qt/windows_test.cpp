@@ -20,7 +20,7 @@
 #include "platform/desktop/qt_text.h"
 #include "platform/qt/application.h"
 #include "sites/lookup/results.h"
-#include "workspace/events/listing_layout.h"
+#include "workspace/events/main_window_layout.h"
 #include "workspace/record/control_tables.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "geo/angles.h"
 #include "geo/national_grid.h"
 #include "geo/trigonometry.h"
 

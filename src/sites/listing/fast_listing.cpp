@@ -104,13 +104,11 @@ AcceleratedSquare* SquareOf(ListingAccelerator& fast, const SiteRecord& record,
                             Position& position) {
   const std::string& reference = record.position;
   if (record.kind == kGridReference) {
-    constexpr auto kSide = static_cast<int>(kSquareSide);
-    int x = 0;
-    int y = 0;
-    SquareCorner(reference[0], reference[1], x, y);
+    const auto [x, y] = SquareCorner(reference[0], reference[1]);
     if (x < 0 || x >= kEastEdge || y < 0 || y >= kNorthEdge) return nullptr;
     if (!std::all_of(reference.begin() + 2, reference.end(), IsDigit)) return nullptr;
-    return &fast.letteredSquares[static_cast<std::size_t>(y / kSide * kGridColumns + x / kSide)];
+    return &fast.letteredSquares[static_cast<std::size_t>(y / kSquareSide * kGridColumns +
+                                                          x / kSquareSide)];
   }
   if (record.kind != kLocator || reference.size() % 2 != 0) return nullptr;
   LocatorToWGS84(reference, position.y, position.x, position.resolution);

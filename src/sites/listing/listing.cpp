@@ -42,7 +42,7 @@ bool Close(ListingFile& out) {
 
 void WriteHeader(Workspace& w, const Limits& limits, ListingFile& out) {
   WriteLine(out, "Generated from    Tarnwick  Brelk");
-  WriteLine(out, FormatDate(w.platform.Today(), "YYYY/mm/dd"));
+  WriteLine(out, FormatDate(w.platform.Today()));
   WriteLine(out, "");
   WriteLine(out, "Distance and Bearings from " + w.BaseName);
   WriteLine(out, "");

@@ -14,7 +14,7 @@ void Lookup_Click(Workspace& w) {
   bool isFull = false;
   while (!isFull && ReadMatchingLine(w.database, sought, line)) {
     isFull = entries.size() >= kMostEntries;
-    if (!isFull) entries.Add(line.substr(0, kEntryLength));
+    if (!isFull) entries.Add(line);
   }
   const bool failed = w.database.failed;
   CloseDatabase(w);

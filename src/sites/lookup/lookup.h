@@ -3,9 +3,6 @@
 
 #include "workspace/record/workspace.h"
 
-// An entry of the Results window is the first characters of a line.
-inline constexpr std::size_t kEntryLength = 28;
-
 // Upper limit of the list, so that a file of bare line ends cannot exhaust memory.
 inline constexpr std::size_t kMostEntries = 10'000'000;
 

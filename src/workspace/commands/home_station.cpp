@@ -1,5 +1,7 @@
 #include "workspace/commands/home_station.h"
 
+#include "workspace/record/control_tables.h"
+
 void SetHome_Click(Workspace& w) {
   MainWindow& main = w.Tarnwick;
   PointingWindow& pointing = w.BearingCalc;
@@ -13,12 +15,7 @@ void SetHome_Click(Workspace& w) {
   pointing.visible = true;
   main.BaseLocLbl.caption =
       "Home Station:  " + w.sitename + " - " + main.LocText.text + "  " + main.NGRText.text;
-  for (TextBox* box :
-       {&pointing.DistText, &pointing.BearText, &pointing.BackBearText, &pointing.UncertText})
-    box->visible = true;
-  for (Label* label : {&pointing.Label4, &pointing.Label5, &pointing.Label6, &pointing.Label12})
-    label->visible = true;
-  pointing.C.visible = true;
+  EachControl(pointing, [](const char* /*name*/, auto& control) { control.visible = true; });
   w.BaseSet = kTrue;
   main.LocSites.enabled = true;
   pointing.caption = main.BaseLocLbl.caption;

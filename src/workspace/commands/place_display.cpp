@@ -1,7 +1,7 @@
 #include "workspace/commands/place_display.h"
 
 #include "geo/grid_reference.h"
-#include "geo/lat_long_display.h"
+#include "geo/lat_long.h"
 #include "geo/locator.h"
 #include "workspace/values/number_text.h"
 

@@ -5,8 +5,7 @@
 
 #include "geo/dist_bear.h"
 #include "geo/grid_reference.h"
-#include "geo/lat_long_display.h"
-#include "geo/lat_long_parser.h"
+#include "geo/lat_long.h"
 #include "geo/locator.h"
 #include "pointing/compass.h"
 #include "sites/database/line_reader.h"
@@ -59,7 +58,7 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
 // reference shows "ERROR"; a latitude and longitude leaves LocText, NGRText and LLText. Both
 // keep the old place, for which distance and bearing are then computed.
 void UseSite(Workspace& w, std::string position) {
-  w.Tarnwick.InputText.text = w.sitename + Blanks(3) + position;
+  w.Tarnwick.InputText.text = w.sitename + "   " + position;
   w.BearingCalc.Ipt.text = w.Tarnwick.InputText.text;
   InputKind kind = kSiteName;
   ClassifyInput(position, kind);

@@ -1,6 +1,6 @@
 #include "workspace/events/event_table.h"
 
-#include "geo/lat_long_display.h"
+#include "geo/lat_long.h"
 #include "gps/port_setup.h"
 #include "gps/real_time.h"
 #include "pointing/external_maps.h"
@@ -9,8 +9,7 @@
 #include "sites/lookup/results.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
-#include "workspace/events/input_box_click.h"
-#include "workspace/events/listing_layout.h"
+#include "workspace/events/main_window_layout.h"
 #include "workspace/events/start_and_exit.h"
 #include "workspace/record/control_tables.h"
 

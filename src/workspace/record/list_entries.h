@@ -1,40 +1,34 @@
-// Append-only list of short texts, packed into pages because a lookup may find millions. A vector
-// of strings takes twice the memory and a third more time.
+// Append-only list of short texts, without an allocation for each, because a lookup may find
+// millions.
 #pragma once
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <deque>
-#include <string>
 #include <string_view>
+
+// Longer texts are cut to this number of characters.
+inline constexpr std::size_t kEntryLength = 28;
 
 // The texts in the order in which they were added.
 class ListEntries {
  public:
   void Add(std::string_view text) {
-    if (size_ % kPage == 0) pages_.emplace_back().texts.reserve(kPage * kUsualLength);
-    Page& page = pages_.back();
-    page.texts += text;
-    page.ends[size_++ % kPage] = static_cast<std::uint32_t>(page.texts.size());
+    Entry& entry = entries_.emplace_back();
+    entry.length = static_cast<unsigned char>(text.copy(entry.text.data(), kEntryLength));
   }
-  std::size_t size() const { return size_; }
-  // Requires i < size(). The view is valid until the next Add.
+  std::size_t size() const { return entries_.size(); }
+  // Requires i < size().
   std::string_view operator[](std::size_t i) const {
-    const Page& page = pages_[i / kPage];
-    const std::size_t start = i % kPage == 0 ? 0 : page.ends[i % kPage - 1];
-    return std::string_view(page.texts).substr(start, page.ends[i % kPage] - start);
+    return {entries_[i].text.data(), entries_[i].length};
   }
   bool operator==(const ListEntries&) const = default;
 
  private:
-  static constexpr std::size_t kPage = 1024;       // texts in a page
-  static constexpr std::size_t kUsualLength = 28;  // a lookup cuts its entries to this
-  struct Page {
-    std::string texts{};                      // concatenated
-    std::array<std::uint32_t, kPage> ends{};  // where each text ends in `texts`
-    bool operator==(const Page&) const = default;
+  struct Entry {
+    std::array<char, kEntryLength> text{};
+    unsigned char length = 0;
+    bool operator==(const Entry&) const = default;
   };
-  std::deque<Page> pages_;
-  std::size_t size_ = 0;
+  std::deque<Entry> entries_;
 };

@@ -1,23 +1,32 @@
 #include "workspace/values/number_text.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <optional>
+#include <iterator>
 #include <system_error>
 
-#include "workspace/values/decimal.h"
 #include "workspace/values/rounding.h"
 #include "workspace/values/strings.h"
 
 namespace {
 
-// The digit whose place value is 10^power.
-char DigitAt(const Decimal& decimal, int power) {
-  const int index = decimal.exponent - power;
-  if (index < 0 || index >= static_cast<int>(decimal.digits.size())) return '0';
-  return decimal.digits[static_cast<std::size_t>(index)];
+// A number as decimal digits d.ddd x 10^exponent.
+struct Decimal {
+  std::string digits;
+  int exponent;
+};
+
+// The absolute value of a finite number in exactly `significant` digits, from 2 to 17.
+Decimal DecimalOf(double number, int significant) {
+  char text[32];
+  const auto written = std::to_chars(text, std::end(text), std::fabs(number),
+                                     std::chars_format::scientific, significant - 1);
+  std::string digits(text, written.ptr);
+  const std::size_t e = digits.find('e');
+  const double exponent = TextToNumber(digits.substr(e + 1));
+  digits.erase(e).erase(1, 1);  // the point
+  return {digits, static_cast<int>(exponent)};
 }
 
 // The text of a number of at most `significant` digits, with an exponent if it would need more
@@ -25,140 +34,133 @@ char DigitAt(const Decimal& decimal, int power) {
 std::string PlainText(double number, int significant) {
   number = Finite(number);
   if (number == 0) return " 0";
-  Decimal decimal = DecimalOf(std::fabs(number), significant);
-  while (decimal.digits.size() > 1 && decimal.digits.back() == '0') decimal.digits.pop_back();
-  std::string text(1, number < 0 ? '-' : ' ');
-  const std::string& digits = decimal.digits;
-  if (decimal.exponent >= significant || decimal.exponent < -significant) {
-    text += digits[0];
-    if (digits.size() > 1) text.append(".").append(digits, 1);
-    const int size = std::abs(decimal.exponent);
-    text.append(decimal.exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "");
-    return text + std::to_string(size);
-  }
-  for (int power = decimal.exponent; power >= 0; --power) text += DigitAt(decimal, power);
-  const int lowest = decimal.exponent - static_cast<int>(digits.size()) + 1;
-  if (lowest < 0) text += '.';
-  for (int power = -1; power >= lowest; --power) text += DigitAt(decimal, power);
-  return text;
+  auto [digits, exponent] = DecimalOf(number, significant);
+  digits.erase(digits.find_last_not_of('0') + 1);
+  const bool plain = exponent < significant && exponent >= -significant;
+  if (plain && exponent < 0) digits.insert(0, static_cast<std::size_t>(-exponent - 1), '0');
+  const auto whole = static_cast<std::size_t>(plain ? std::max(exponent + 1, 0) : 1);
+  if (digits.size() < whole) digits.resize(whole, '0');
+  if (digits.size() > whole) digits.insert(whole, 1, '.');
+  const std::string text = (number < 0 ? "-" : " ") + digits;
+  return plain ? text : text + FormatPicture(std::abs(exponent), exponent < 0 ? "E-00" : "E+00");
 }
 
-// The number of a text of 1 to 15 digits, which a double represents exactly; nothing for other
-// texts.
-std::optional<double> ShortWholeNumber(std::string_view text) {
-  if (text.empty() || text.size() > 15) return {};
-  std::int64_t number = 0;
-  for (const char c : text) {
-    if (!IsDigit(c)) return {};
-    number = number * 10 + (c - '0');
-  }
-  return static_cast<double>(number);
-}
-
-// Blanks, tabs and line feeds do not count, even between digits.
-void SkipBlanks(std::string_view& rest) {
-  const std::size_t at = rest.find_first_not_of(" \t\n");
-  rest.remove_prefix(std::min(at, rest.size()));
-}
-
-char Front(std::string_view rest) {
-  return rest.empty() ? '\0' : rest.front();
-}
-
-void Next(std::string_view& rest) {
-  rest.remove_prefix(1);
-  SkipBlanks(rest);
-}
-
-// Reads the rest of a hexadecimal or octal number, from the letter H or O on; 0 for other letters.
-double RadixNumber(std::string_view rest) {
-  const char letter = UpperOf(Front(rest));
-  const int radix = letter == 'H' ? 16 : letter == 'O' ? 8 : 0;
-  if (radix == 0) return 0;
+// Reads the rest of a hexadecimal or octal number in capitals, from the letter H or O on; 0 for
+// other letters.
+double RadixNumber(std::string_view text) {
+  const int radix = text.starts_with('H') ? 16 : text.starts_with('O') ? 8 : 0;
   double number = 0;
-  for (Next(rest);; Next(rest)) {
-    const char c = UpperOf(Front(rest));
+  for (const char c : text.substr(std::min<std::size_t>(1, text.size()))) {
     const int digit = IsDigit(c) ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : radix;
-    if (digit >= radix) return number;
+    if (digit >= radix) break;
     number = Finite(number * radix + digit);
   }
+  return number;
 }
 
-// Reads an exponent such as E12 or d-3; 0 if there is none. A large exponent saturates far outside
-// the range of a double.
-int Exponent(std::string_view rest) {
-  constexpr int kBeyond = 2'000'000'000;
-  if (UpperOf(Front(rest)) != 'E' && UpperOf(Front(rest)) != 'D') return 0;
-  Next(rest);
-  const bool negative = Front(rest) == '-';
-  if (negative || Front(rest) == '+') Next(rest);
-  int exponent = 0;
-  for (; IsDigit(Front(rest)); Next(rest))
-    exponent = exponent >= kBeyond / 10 ? kBeyond : exponent * 10 + (Front(rest) - '0');
-  return negative ? -exponent : exponent;
-}
-
-// Reads digits and at most one point from the front of a text. Returns the digits from the first
-// that is not 0 on as a fraction, "0.ddd"; the number is that fraction times 10^power.
-std::string ReadDigits(std::string_view& rest, int& power) {
-  std::string digits = "0.";
-  bool point = false;
-  for (;; Next(rest)) {
-    const char c = Front(rest);
-    if (c == '.' && !point) {
-      point = true;
-      continue;
-    }
-    if (!IsDigit(c)) return digits;
-    const bool leadingZero = c == '0' && digits.size() == 2;
-    if (!leadingZero) digits += c;
-    if (leadingZero && point) --power;
-    if (!leadingZero && !point) ++power;
-  }
+// Whether a number that a double cannot represent, such as "1.5E400", is above 1.
+bool IsHuge(std::string_view text) {
+  const std::size_t mantissa = std::min(text.find('E'), text.size());
+  const std::size_t whole = std::min(text.find('.'), mantissa);
+  const std::size_t zeros = text.find_first_of("123456789");
+  const double exponent = TextToNumber(text.substr(std::min(mantissa + 1, text.size())));
+  return static_cast<double>(whole) - static_cast<double>(zeros) + exponent > 0;
 }
 
 // Reads the number at the front of any text. Not inlined, so that TextToNumber is short.
-[[gnu::noinline]] double FrontNumber(std::string_view rest) {
-  SkipBlanks(rest);
-  if (Front(rest) == '&') {
-    Next(rest);
-    return RadixNumber(rest);
-  }
-  const bool negative = Front(rest) == '-';
-  if (negative || Front(rest) == '+') Next(rest);
-  int power = 0;
-  std::string digits = ReadDigits(rest, power);
-  if (digits.size() == 2) return 0;
-  power = Saturated<std::int32_t>(static_cast<double>(power) + Exponent(rest));
-  if (power < -400) return 0;
-  if (power > 400) return Finite(negative ? -HUGE_VAL : HUGE_VAL);
-  digits.append("e").append(std::to_string(power));
+[[gnu::noinline]] double FrontNumber(std::string_view text) {
+  std::string rest = UpperOf(text);
+  std::erase_if(rest, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
+  if (rest.starts_with('&')) return RadixNumber(std::string_view(rest).substr(1));
+  const bool negative = rest.starts_with('-');
+  if (negative || rest.starts_with('+')) rest.erase(0, 1);
+  if (rest.find_first_of("0123456789.") != 0) return 0;  // from_chars also reads INF and NAN
+  std::replace(rest.begin(), rest.end(), 'D', 'E');
   double number = 0;
-  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (read.ec == std::errc::result_out_of_range) number = power > 0 ? Finite(HUGE_VAL) : 0;
+  const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+  if (read.ec == std::errc::result_out_of_range)
+    number = IsHuge({rest.data(), read.ptr}) ? Finite(HUGE_VAL) : 0;
   return negative ? -number : number;
+}
+
+constexpr double kPowersOfTen[] = {1,   1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7, 1e8,
+                                   1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
+
+// A whole number, number * 10^zeros, of which the digits are taken from the last one on.
+struct Digits {
+  std::uint64_t number = 0;  // below 10^16
+  std::size_t zeros = 0;
+
+  char Last() const { return static_cast<char>('0' + (zeros > 0 ? 0 : number % 10)); }
+  void DropLast() { zeros > 0 ? --zeros : number /= 10; }
+};
+
+// size * 10^places, rounded to a whole number as PutPicture rounds.
+[[gnu::noinline]] Digits RoundExactly(double size, std::size_t places) {
+  const auto [digits, exponent] = DecimalOf(size, 15);
+  const int kept = exponent + 1 + static_cast<int>(places);
+  if (kept < 0) return {};
+  const auto keep = static_cast<std::size_t>(kept);
+  const auto whole = static_cast<std::uint64_t>(TextToNumber(digits.substr(0, keep)));
+  if (keep >= digits.size()) return {whole, keep - digits.size()};
+  return {digits[keep] >= '5' ? whole + 1 : whole};
+}
+
+// The same, without the text of 15 significant digits unless the number is large or so close to a
+// tie that the cut to that text, which moves it by at most 5e-15 of its size, could matter.
+Digits Rounded(double size, std::size_t places) {
+  constexpr double kMargin = 1e-13;
+  const double scaled = places < std::size(kPowersOfTen) ? size * kPowersOfTen[places] : HUGE_VAL;
+  if (!(scaled < 2e9)) return RoundExactly(Finite(size), places);
+  const auto whole = static_cast<std::int32_t>(scaled);
+  const double fraction = scaled - whole;
+  if (std::fabs(fraction - 0.5) <= scaled * kMargin) return RoundExactly(size, places);
+  return {static_cast<std::uint32_t>(whole + static_cast<int>(fraction > 0.5))};
 }
 
 }  // namespace
 
-std::string FormatDate(std::chrono::year_month_day date, std::string_view picture) {
-  std::string text(picture);
-  const auto put = [&text](std::string_view places, unsigned number) {
-    const std::size_t at = text.find(places);
-    if (at == std::string::npos) return;
-    const std::string digits = std::to_string(number);
-    const std::size_t zeros = places.size() - std::min(places.size(), digits.size());
-    text.replace(at, places.size(), std::string(zeros, '0') + digits);
-  };
-  put("YYYY", static_cast<unsigned>(std::max(0, static_cast<int>(date.year()))));
-  put("mm", static_cast<unsigned>(date.month()));
-  put("dd", static_cast<unsigned>(date.day()));
+void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture) {
+  Digits digits = Rounded(std::fabs(number), picture.fractionPlaces);
+  const bool minus = number < 0 && digits.number > 0;
+  std::size_t count = 0;
+  while (static_cast<double>(digits.number) >= kPowersOfTen[count]) ++count;
+  std::size_t places = picture.fractionPlaces;
+  const std::size_t whole = std::max(count + digits.zeros, picture.wholeZeros + places) - places;
+  for (; places > picture.fractionZeros && digits.Last() == '0'; --places) digits.DropLast();
+  const std::size_t length = (minus ? 1 : 0) + picture.head.size() + whole +
+                             (picture.point ? 1 : 0) + places + picture.tail.size();
+  if (text.size() < at + length) text.resize(at + length);
+
+  char* to = text.data() + at + length;  // written from its end
+  for (std::size_t i = picture.tail.size(); i > 0; --i) *--to = picture.tail[i - 1];
+  for (std::size_t i = places; i > 0; --i, digits.DropLast()) *--to = digits.Last();
+  if (picture.point) *--to = '.';
+  for (std::size_t i = whole; i > 0; --i, digits.DropLast()) *--to = digits.Last();
+  for (std::size_t i = picture.head.size(); i > 0; --i) *--to = picture.head[i - 1];
+  if (minus) *--to = '-';
+}
+
+std::string FormatPicture(double number, std::string_view picture) {
+  std::string text;
+  PutPicture(text, 0, number, PictureOf(picture));
   return text;
 }
 
+std::string FormatDate(std::chrono::year_month_day date) {
+  return FormatPicture(static_cast<int>(date.year()), "0000/") +
+         FormatPicture(static_cast<unsigned>(date.month()), "00/") +
+         FormatPicture(static_cast<unsigned>(date.day()), "00");
+}
+
 double TextToNumber(std::string_view text) {
-  const std::optional<double> whole = ShortWholeNumber(text);
-  return whole ? *whole : FrontNumber(text);
+  if (text.size() > 15) return FrontNumber(text);
+  std::int64_t number = 0;  // a double represents 15 digits exactly
+  for (const char c : text) {
+    if (!IsDigit(c)) return FrontNumber(text);
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
 }
 
 std::string NumberToText(double number) {

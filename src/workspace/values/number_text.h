@@ -1,15 +1,55 @@
-// Numbers and dates as texts, and texts as numbers; picture.h has FormatPicture. Nothing here reads
-// the locale, and nothing fails.
+// Numbers and dates as texts, and texts as numbers. Nothing here reads the locale, and nothing
+// fails.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "workspace/values/picture.h"  // IWYU pragma: export
+// A picture such as "##0.0" or "0.00km / ": a literal head, places of the whole part, optionally a
+// point and places of the fraction, a literal tail. `0` always prints a digit, `#` only a digit
+// other than a leading or trailing zero. All whole digits are printed, even if there are fewer
+// places.
+struct Picture {
+  std::string_view head, tail;  // views of the text of the picture
+  std::size_t wholeZeros = 0;   // whole digits printed even if 0
+  bool point = false;
+  std::size_t fractionPlaces = 0;  // the most fraction digits
+  std::size_t fractionZeros = 0;   // fraction digits printed even if 0
+};
 
-// Returns a date under a picture in which YYYY, mm and dd are replaced by year, month and day.
-std::string FormatDate(std::chrono::year_month_day date, std::string_view picture);
+// Splits the text of a picture, which must outlive the result.
+constexpr Picture PictureOf(std::string_view text) {
+  constexpr auto isPlace = [](char c) { return c == '0' || c == '#'; };
+  Picture picture;
+  std::size_t at = std::min(text.find_first_of("0#."), text.size());
+  picture.head = text.substr(0, at);
+  for (; at < text.size() && isPlace(text[at]); ++at)
+    if (text[at] == '0') ++picture.wholeZeros;
+  if (at < text.size() && text[at] == '.') {
+    picture.point = true;
+    for (++at; at < text.size() && isPlace(text[at]); ++at) {
+      ++picture.fractionPlaces;
+      if (text[at] == '0') picture.fractionZeros = picture.fractionPlaces;
+    }
+  }
+  picture.tail = text.substr(at);
+  return picture;
+}
+
+// Returns a number under a picture. The number is written with 15 significant digits first, and
+// that decimal text is rounded at the last fraction place, a tie away from zero. A minus is put in
+// front of the whole result, but not in front of a value that rounds to zero.
+std::string FormatPicture(double number, std::string_view picture);
+
+// Writes the result of FormatPicture over the characters of `text` from index `at` on, counted from
+// 0; the text grows if it is too short.
+void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture);
+
+// Returns a date such as "2026/04/30".
+std::string FormatDate(std::chrono::year_month_day date);
 
 // Reads the number at the front of a text and ignores the rest; returns 0 if the text does not
 // begin with a number. Blanks, tabs and line feeds are skipped, even between digits. An exponent is

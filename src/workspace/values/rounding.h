@@ -26,7 +26,10 @@ inline double Finite(double number) {
 }
 
 // Returns the nearest single-precision number, finite. Window positions are stored in it.
-float ToSingle(double number);
+inline float ToSingle(double number) {
+  constexpr double kLargest = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(Finite(number), -kLargest, kLargest));
+}
 
 // Return the nearest integer, for a tie the even one. Inline and without branches, since a listing
 // rounds often.
@@ -38,17 +41,10 @@ inline std::int32_t RoundToInt32(double number) {
   return whole + static_cast<int>(fraction > half) - static_cast<int>(fraction < -half);
 }
 inline std::int16_t RoundToInt16(double number) {
-  constexpr std::int32_t kLeast = std::numeric_limits<std::int16_t>::min();
-  constexpr std::int32_t kMost = std::numeric_limits<std::int16_t>::max();
-  return static_cast<std::int16_t>(std::clamp(RoundToInt32(number), kLeast, kMost));
+  return Saturated<std::int16_t>(std::nearbyint(number));
 }
 
 // Returns the largest integer that is not above the number.
 inline std::int16_t FloorToInt16(double number) {
-  if (!(std::fabs(number) < 0x1p14)) return Saturated<std::int16_t>(std::floor(number));
-  const auto whole = static_cast<std::int16_t>(number);
-  return static_cast<std::int16_t>(whole - static_cast<int>(number < whole));
+  return Saturated<std::int16_t>(std::floor(number));
 }
-
-// Returns -1, 0 or 1.
-int SignOf(double number);

@@ -1,5 +1,5 @@
-// Cutting and searching texts. Texts are single-byte (Windows-1252), so a position counts
-// characters. Positions count from 1; 0 means absent. Nothing here fails.
+// Characters and their capitals. Texts are single-byte (Windows-1252), so an index counts
+// characters.
 #pragma once
 
 #include <algorithm>
@@ -7,22 +7,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-// Returns the length in characters.
-int LengthOf(std::string_view text);
-
-// Returns the first `count` characters, or all if there are fewer; nothing for a count below 1.
-std::string LeftOf(std::string_view text, int count);
-
-// Returns `count` characters from position `start` on, or fewer if the text ends before. A `start`
-// below 1 counts as 1.
-std::string MidOf(std::string_view text, int start, int count);
-// Returns everything from position `start` on.
-std::string MidOf(std::string_view text, int start);
-
-// Returns the position of the first exact occurrence of `sought` at or after `start`; 0 if there is
-// none.
-int FindIn(int start, std::string_view text, std::string_view sought);
 
 // The capital of each character of Windows-1252, by its code; the character itself if it has none.
 inline constexpr std::array<char, 256> kCapitals = [] {
@@ -44,7 +28,11 @@ inline char UpperOf(char character) {
   if (code < 'a') return character;  // digits and capitals, the usual case
   return kCapitals[code];
 }
-std::string UpperOf(std::string_view text);
+inline std::string UpperOf(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper) c = UpperOf(c);
+  return upper;
+}
 
 // Whether a character is one of 0 to 9, whatever the locale.
 constexpr bool IsDigit(char c) {
@@ -56,9 +44,8 @@ inline char CharOf(int code) {
   return static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255)));
 }
 
-// Returns `count` blanks; none for a count below 1.
-std::string Blanks(int count);
-
 // Writes `item` over the characters of `text` from index `at` on, counted from 0. Characters that
 // would lie beyond the end of `text` are dropped.
-void OverwriteAt(std::string& text, std::size_t at, std::string_view item);
+inline void OverwriteAt(std::string& text, std::size_t at, std::string_view item) {
+  if (at < text.size()) item.copy(text.data() + at, text.size() - at);
+}

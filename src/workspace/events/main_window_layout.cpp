@@ -1,6 +1,9 @@
-#include "workspace/events/listing_layout.h"
+#include "workspace/events/main_window_layout.h"
 
+#include "gps/real_time.h"
 #include "sites/lookup/results.h"
+
+namespace {
 
 void ShowListingControls(MainWindow& main, bool visible) {
   for (TextBox* box : {&main.MinDisttext, &main.MaxDistText, &main.FromBearText, &main.ToBearText,
@@ -12,6 +15,8 @@ void ShowListingControls(MainWindow& main, bool visible) {
   main.ShowAll.visible = visible;
   main.MakeList.visible = visible;
 }
+
+}  // namespace
 
 void GenList_Click(Workspace& w) {
   MainWindow& main = w.Tarnwick;
@@ -29,4 +34,20 @@ void GenList_Click(Workspace& w) {
   for (TextBox* box : {&main.NGRText, &main.LocText, &main.LLText}) box->text.clear();
   pointing.C.operations.clear();
   CloseResults(w);
+}
+
+void InputText_Click(Workspace& w) {
+  MainWindow& main = w.Tarnwick;
+  CloseResults(w);
+  main.FindIt.visible = true;
+  main.FindIt.enabled = true;
+  main.defaultButton = &MainWindow::FindIt;
+  main.Lookup.visible = true;
+  main.InputText.fore = kBlack;
+  main.InputText.text.clear();
+  w.BearingCalc.Ipt.text.clear();
+  w.BearingCalc.C.operations.clear();
+  main.SetHome.enabled = false;
+  ShowListingControls(main, false);
+  EndRealTime(w);
 }
