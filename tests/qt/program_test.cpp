@@ -12,6 +12,11 @@ ScratchTest::ScratchTest() {
   // Or the files of an installed copy would be read.
   qputenv("XDG_DATA_DIRS", home_.filePath("installed").toUtf8());
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home_.path());
+#ifdef _WIN32
+  // The registry and drive c: of the Wine that runs the tests.
+  QSettings("HKEY_CURRENT_USER\\Software\\Tarnwick", QSettings::NativeFormat).clear();
+  std::filesystem::remove(PathToWrite(kDefaultDatabase));
+#endif
 }
 
 void ScratchTest::Write(const QString& name, const QByteArray& content) const {
