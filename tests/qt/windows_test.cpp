@@ -343,7 +343,17 @@ TEST_F(Windows, LetTheMessageOfAReceiverBeCopied) {
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "no such port");
 }
 
-// Going on by Tab, the eye goes down the window, and to the right on a line.
+TEST_F(Windows, SelectThePortSoThatTypingReplacesIt) {
+  for (const char* port : {"1", "COM9"}) {
+    program_->runner.Run([port](Workspace& w) { w.SetUpCom.CPort.text = port; });
+    program_->runner.Run([](Workspace& w) { w.SetUpCom.visible = true; });
+    EXPECT_EQ(Find<QComboBox>("CPort", &PortSetUp())->lineEdit()->selectedText(), port);
+    program_->runner.Run([](Workspace& w) { w.SetUpCom.visible = false; });
+  }
+}
+
+// Going on by Tab, the eye goes down the window, and to the right on a line. The button that
+// generates the list comes last, after the limits below it.
 TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
   Type("io91wm");
   Enter();
@@ -355,7 +365,8 @@ TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
   first->setFocus();
   QPoint before(0, 0);
   QWidget* last = nullptr;
-  for (QWidget* at = first; at != first || last == nullptr; at = QApplication::focusWidget()) {
+  auto* generate = Find<QWidget>("MakeList");
+  for (QWidget* at = first; at != generate; at = QApplication::focusWidget()) {
     const QPoint here = at->mapTo(&program_->mainWindow, QPoint());
     ASSERT_TRUE(here.y() > before.y() || here.x() > before.x()) << at->objectName().toStdString();
     before = here;
@@ -363,6 +374,8 @@ TEST_F(Windows, TabInTheOrderThatTheEyeFollows) {
     QTest::keyClick(at, Qt::Key_Tab);
   }
   EXPECT_EQ(last->objectName(), "ShowAll");
+  QTest::keyClick(generate, Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), first);
 }
 
 // The size that the logic gives and the user's are the record's; what the layout needs is not.
