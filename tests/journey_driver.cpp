@@ -82,7 +82,7 @@ bool Select(Workspace& w, std::string_view row) {
 
 void CloseByFrame(Workspace& w, std::string_view window) {
   EachWindow(w, [&](WindowName name, const char* title, const auto& state) {
-    if (window == title && state.loaded) CloseFrameEvent(name).run(w);
+    if (window == title && state.loaded) FindEvent(name, "", UserAction::CloseFrame)->run(w);
   });
 }
 

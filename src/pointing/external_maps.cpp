@@ -16,7 +16,7 @@ void OpenOutside(Workspace& w, const std::string& target) {
 void Gmap_Click(Workspace& w) {
   const std::string position =
       FormatPicture(w.Lat, "###.######") + "," + FormatPicture(w.Lon, "####.######") + ",14z";
-  OpenOutside(w, std::string(kMapService) + "/maps/@" + position);
+  OpenOutside(w, "https://www.google.com/maps/@" + position);
 }
 
 void OSMap_Click(Workspace& w) {

@@ -3,9 +3,6 @@
 
 #include "workspace/record/workspace.h"
 
-// The web map service. "/maps/@LATITUDE,LONGITUDE,ZOOMz" after it shows a place.
-inline constexpr const char* kMapService = "https://www.google.com";
-
 // Click on Gmap: opens the web map at Lat and Lon (degrees, six decimals), zoom 14.
 void Gmap_Click(Workspace& w);
 

@@ -112,7 +112,7 @@ void FramedWindow::ShowSize() {
 
 void FramedWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (runner_.Run(CloseFrameEvent(name_)) && onClosed) onClosed();
+  if (runner_.Run(*FindEvent(name_, "", UserAction::CloseFrame)) && onClosed) onClosed();
 }
 
 void FramedWindow::keyPressEvent(QKeyEvent* event) {
