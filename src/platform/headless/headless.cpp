@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/drive_paths.h"
 #include "platform/receive_buffer.h"
 #include "workspace/values/strings.h"
 
@@ -52,49 +51,17 @@ struct FaultyFile : File {
   std::unique_ptr<File> file;
 };
 
-// Return the path in upper case and with \ for every separator.
-char Folded(char c) {
-  return c == '/' ? '\\' : UpperOf(c);
-}
-std::string Folded(std::string path) {
-  for (char& c : path) c = Folded(c);
-  return path;
+// Returns the path in upper case and with \ for every separator.
+std::string Folded(std::string_view path) {
+  std::string folded = UpperOf(path);
+  std::replace(folded.begin(), folded.end(), '/', '\\');
+  return folded;
 }
 
 }  // namespace
 
-bool HeadlessSerial::Open(int port, int speed) {
-  if (faults.Fails("Open") || open || ports.count(port) == 0) return false;
-  openSpeed = speed;
-  open = true;
-  return true;
-}
-
-void HeadlessSerial::Close() {
-  open = false;
-  arrived.clear();
-  buffer.clear();
-}
-
 bool PathOrder::operator()(const std::string& a, const std::string& b) const {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::char_traits<char>::lt(Folded(x), Folded(y));
-  });
-}
-
-std::string HeadlessPlatform::ReadSetting(const std::string& section, const std::string& key,
-                                          const std::string& otherwise) {
-  const auto at = settings.find(section + "/" + key);
-  return faults.Fails("ReadSetting") || at == settings.end() ? otherwise : at->second.text;
-}
-
-void HeadlessPlatform::StoreSetting(const std::string& section, const std::string& key,
-                                    const std::string& text) {
-  if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
-}
-
-std::vector<std::filesystem::path> HeadlessPlatform::PlacesOf(const std::string& path) const {
-  return {NativePath(driveC, path)};
+  return Folded(a) < Folded(b);
 }
 
 bool HeadlessPlatform::ContainsFile(const std::string& folder, std::string_view ending) {
@@ -131,11 +98,6 @@ std::unique_ptr<File> HeadlessPlatform::OpenToWrite(const std::string& path) {
 bool HeadlessPlatform::IsSameFile(const std::string& path, const std::string& other) {
   if (!files) return DiskPlatform::IsSameFile(path, other);
   return files->count(path) != 0 && files->find(path) == files->find(other);
-}
-
-bool HeadlessPlatform::Shell(const std::string& command, WindowStyle /*style*/) {
-  events.push_back("Shell " + command);
-  return !faults.Fails("Shell");
 }
 
 void Feed(HeadlessSerial& serial, const std::string& characters) {
