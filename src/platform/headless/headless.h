@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "platform/disk_platform.h"
-#include "platform/drive_paths.h"
 
 // Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
 // program makes them: opening, reading, writing and closing a file, reading and storing a setting,
