@@ -8,7 +8,6 @@
 #include <QStandardPaths>
 #include <system_error>
 
-#include "platform/drive_paths.h"
 #include "workspace/record/workspace.h"
 
 Desktop::Desktop()
