@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 
