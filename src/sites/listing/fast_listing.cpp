@@ -41,8 +41,7 @@ std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, doub
         !IsNearTie(place.y / unit, kMetreError / unit))
       reference = GridReferenceOf(place.x, place.y, resolution);
   } else {
-    constexpr double kCells =
-        5760;  // finest squares in a degree of latitude, and in two of longitude
+    constexpr double kCells = kFinestSquares;
     if (!IsNearTie((place.y + 90) * kCells + 0.5, kLatError * kCells) &&
         !IsNearTie((place.x + 180) / 2 * kCells + 0.5, kLonError / 2 * kCells))
       GenLocator(place.y, place.x, reference);
