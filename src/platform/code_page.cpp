@@ -8,7 +8,7 @@
 namespace {
 
 // Unicode code points of the codes 0x80 to 0x9F. Every other code equals its code point.
-constexpr std::array<char16_t, 32> kUpperControls = {
+constexpr std::array<char16_t, 32> kCodePoints80To9F = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
@@ -16,8 +16,8 @@ constexpr std::array<char16_t, 32> kUpperControls = {
 // Characters that people paste into coordinates, and the single-byte character that replaces each.
 constexpr struct {
   char32_t character;
-  char ascii;
-} kNearest[] = {
+  char replacement;
+} kReplacements[] = {
     {0x02B9, '\''},   {0x02BC, '\''}, {0x02BA, '"'}, {0x2032, '\''}, {0x2033, '"'}, {0x2035, '\''},
     {0x2036, '"'},    {0x2010, '-'},  {0x2011, '-'}, {0x2012, '-'},  {0x2212, '-'}, {0x2002, ' '},
     {0x2003, ' '},    {0x2007, ' '},  {0x2009, ' '}, {0x200A, ' '},  {0x202F, ' '}, {0x3000, ' '},
@@ -56,13 +56,13 @@ char32_t TakeCharacter(std::string_view& rest) {
 char SingleByte(char32_t character) {
   const bool sameCode = character < 0x80 || (character >= 0xA0 && character <= 0xFF);
   if (sameCode) return static_cast<char>(character);
-  const auto* const code = std::find(kUpperControls.begin(), kUpperControls.end(), character);
-  if (code != kUpperControls.end())
-    return static_cast<char>(0x80 + (code - kUpperControls.begin()));
+  const auto& codePoints = kCodePoints80To9F;
+  const auto* const code = std::find(codePoints.begin(), codePoints.end(), character);
+  if (code != codePoints.end()) return static_cast<char>(0x80 + (code - codePoints.begin()));
   const auto* const near =
-      std::find_if(std::begin(kNearest), std::end(kNearest),
+      std::find_if(std::begin(kReplacements), std::end(kReplacements),
                    [=](const auto& row) { return row.character == character; });
-  return near == std::end(kNearest) ? '?' : near->ascii;
+  return near == std::end(kReplacements) ? '?' : near->replacement;
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ std::string ToUtf8(std::string_view singleByte) {
   text.reserve(singleByte.size());
   for (const char c : singleByte) {
     const auto code = static_cast<unsigned char>(c);
-    AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kUpperControls[code - 0x80U] : code);
+    AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kCodePoints80To9F[code - 0x80U] : code);
   }
   return text;
 }

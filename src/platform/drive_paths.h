@@ -11,8 +11,8 @@
 std::filesystem::path SystemPath(std::string_view path);
 
 // Returns the file or folder that a path names. A path without a drive letter is a path of the
-// system and is only converted. A part that does not exist, such as the name of a file to be
-// created, keeps its case.
+// system and is only converted. A part that does not exist, such as the name of a new file, keeps
+// its case.
 // In  driveC  the folder that represents drive c:; drive_d and so on are beside it
 //     path    single-byte text, parts separated by \ or /
 std::filesystem::path NativePath(const std::filesystem::path& driveC, const std::string& path);
