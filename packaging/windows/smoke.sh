@@ -63,7 +63,7 @@ c=$WINEPREFIX/drive_c
 
 # ---- the logic: every journey, and numbers to the last digit
 
-# Feeds the actions to both drivers, in the same folder as it stood, and prints what Windows gives.
+# Runs the actions with both drivers, from the same contents of the folder, and prints the Windows output.
 cat >"$work/both" <<TEXT
 #!/bin/sh
 set -eu
@@ -136,8 +136,8 @@ paste() {
   sleep 0.5
   keys ctrl+v
 }
-# Where the controls lie in the main window, in pixels from its upper left corner: read off the picture
-# 1-home; a change of the layout moves them.
+# The positions of the controls in the main window, in pixels from its upper left corner, as measured in
+# the picture 1-home; a change of the layout moves them.
 place_of() {
   case $1 in
     LocDatabase) echo 579 41 ;;
@@ -213,7 +213,7 @@ for font in Tahoma 'Segoe UI' 'Lucida Console'; do
   [ "$font" != 'Lucida Console' ] || like='DejaVu Sans Mono'
   wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /f /v "$font" /d "$like" >/dev/null 2>&1
 done
-# The viewers of images and web addresses write down what they are given.
+# The viewers of images and web addresses record their arguments.
 for kind in jpegfile https; do
   wine reg add "HKLM\\Software\\Classes\\$kind\\shell\\open\\command" /f /ve \
     /d "cmd /c echo %1>>c:\\opened.txt" >/dev/null 2>&1
