@@ -15,7 +15,7 @@ char LetterOf(int index) {
   return static_cast<char>(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
-// Returns the size in metres of one unit of the last digit; 0 above 5 digits.
+// Size in metres of one unit of the last digit, by the number of digits; 0 above 5 digits.
 int UnitOf(std::size_t digits) {
   static constexpr int kUnits[] = {100000, 10000, 1000, 100, 10, 1};
   return digits < 6 ? kUnits[digits] : 0;

@@ -52,7 +52,7 @@ struct FaultyFile : File {
   std::unique_ptr<File> file;
 };
 
-// Return a character or path in upper case, with \ for every separator.
+// Return the path in upper case and with \ for every separator.
 char Folded(char c) {
   return c == '/' ? '\\' : UpperOf(c);
 }

@@ -19,6 +19,5 @@ void Lookup_Click(Workspace& w) {
   const bool failed = w.database.failed;
   CloseDatabase(w);
   if (failed) ReportMissingDatabase(w);
-  if (isFull)
-    w.platform.MsgBox("Only the first " + std::to_string(kMostEntries) + " sites are shown");
+  if (isFull) w.platform.MsgBox("Only the first 10000000 sites are shown");
 }
