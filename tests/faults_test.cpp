@@ -1,9 +1,11 @@
 // Failing calls of the system, real paths that cannot be used, and the memory of a long run.
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
 
 #include <cstdlib>
 #include <filesystem>
@@ -122,6 +124,8 @@ TEST(Faults, AnyCallOfARunFails) {
   EXPECT_EQ(calls, 39 + 3 + 7) << "ports and settings, three in between, and settings";
 }
 
+#ifndef _WIN32  // pipes and devices
+
 // A test with a folder for drives.
 class RealPaths : public testing::Test {
  protected:
@@ -238,5 +242,7 @@ TEST_F(RealPaths, ALongRunTakesNoMoreThanAShortOne) {
   EXPECT_LE(after.first, before.first + 256);
   EXPECT_EQ(after.second, before.second);
 }
+
+#endif  // _WIN32
 
 }  // namespace
