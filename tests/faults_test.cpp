@@ -78,9 +78,9 @@ TEST(Faults, AnyCallOfACommandFails) {
     int onDatabase;  // the first calls open and read the database; the later ones write the listing
   } rows[] = {{FindIt_Click, 3, 99}, {Lookup_Click, 4, 99}, {MakeList_Click, 10, 2}};
   for (const auto& [command, fewestCalls, onDatabase] : rows) {
-    Program sound;
-    const std::string good = sound.Run(command, 0);
-    const int calls = sound.platform.faults.calls;
+    Program faultless;
+    const std::string good = faultless.Run(command, 0);
+    const int calls = faultless.platform.faults.calls;
     EXPECT_GE(calls, fewestCalls);
     for (int n = 1; n <= calls; ++n) {
       Program program;

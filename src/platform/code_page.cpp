@@ -5,7 +5,7 @@
 namespace {
 
 // Unicode code points of the codes 0x80 to 0x9F. Every other code equals its code point.
-constexpr std::u32string_view kUpperControls =
+constexpr std::u32string_view kCodePoints80To9F =
     U"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
     U"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
 
@@ -13,7 +13,7 @@ constexpr std::u32string_view kUpperControls =
 constexpr struct {
   std::u32string_view characters;
   char replacement;
-} kNearest[] = {
+} kReplacements[] = {
     {U"\u02B9\u02BC\u2032\u2035", '\''},
     {U"\u02BA\u2033\u2036", '"'},
     {U"\u2010\u2011\u2012\u2212", '-'},
@@ -57,9 +57,9 @@ char32_t TakeCharacter(std::string_view& rest) {
 char SingleByte(char32_t character) {
   const bool sameCode = character < 0x80 || (character >= 0xA0 && character <= 0xFF);
   if (sameCode) return static_cast<char>(character);
-  const std::size_t code = kUpperControls.find(character);
-  if (code != kUpperControls.npos) return static_cast<char>(0x80 + code);
-  for (const auto& [characters, replacement] : kNearest)
+  const std::size_t code = kCodePoints80To9F.find(character);
+  if (code != kCodePoints80To9F.npos) return static_cast<char>(0x80 + code);
+  for (const auto& [characters, replacement] : kReplacements)
     if (characters.find(character) != characters.npos) return replacement;
   return '?';
 }
@@ -71,7 +71,7 @@ std::string ToUtf8(std::string_view singleByte) {
   text.reserve(singleByte.size());
   for (const char c : singleByte) {
     const auto code = static_cast<unsigned char>(c);
-    AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kUpperControls[code - 0x80U] : code);
+    AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kCodePoints80To9F[code - 0x80U] : code);
   }
   return text;
 }

@@ -1,5 +1,5 @@
-// A complete platform without windows: it records what the program asks for. Tests, fuzz targets
-// and the journey driver run the program's real procedures on it.
+// A complete platform without windows, which records the messages and programs that a run asks for.
+// Tests, fuzz targets and the journey driver run the program's real procedures on it.
 #pragma once
 
 #include <functional>
@@ -12,9 +12,8 @@
 
 #include "platform/disk_platform.h"
 
-// Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
-// program makes them: opening, reading, writing and closing a file, reading and storing a setting,
-// opening a port, starting a program.
+// Makes one call fail. Calls are numbered from 1 in the order in which the program makes them: to
+// open, read, write or close a file, read or store a setting, open a port, start a program.
 struct FaultInjection {
   int calls = 0;         // made so far
   int failAt = 0;        // number of the call that fails; 0 for none

@@ -48,7 +48,7 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   runner.AddRefresher([this, listing] {
     // Once shown, the rows of the listing stay; the logic hides the controls in them.
     if (record_.MakeList.visible) listing->show();
-    if (IsHomeNext()) SelectInput();
+    if (IsSetHomeDefault()) SelectInput();
   });
 }
 
@@ -56,7 +56,7 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
 // Home, the text is not selected: typing over it and pressing Enter would store the home station
 // under a wrong name.
 void MainWindowView::SelectInput() {
-  IsHomeNext() ? input_->end(false) : input_->selectAll();
+  IsSetHomeDefault() ? input_->end(false) : input_->selectAll();
 }
 
 void MainWindowView::UsePlace(const QString& place) {
@@ -233,7 +233,7 @@ bool MainWindowView::focusNextPrevChild(bool next) {
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
   // When Tab reaches a field, Qt selects its text after this filter has run.
-  if (watched == input_ && event->type() == QEvent::FocusIn && IsHomeNext())
+  if (watched == input_ && event->type() == QEvent::FocusIn && IsSetHomeDefault())
     QTimer::singleShot(0, this, &MainWindowView::SelectInput);
   return RecordWindow::eventFilter(watched, event);
 }

@@ -34,7 +34,7 @@ bool Desktop::Shell(const std::string& command, WindowStyle style) {
   std::string target = command;
   for (const std::string_view start : {"Notepad.exe ", "cmd /c  start "})
     if (target.starts_with(start)) target.erase(0, start.size());
-  // An absolute path, so that xdg-open takes no file name for an option.
+  // An absolute path, so that xdg-open does not read a file name as an option.
   std::error_code error;
   if (!target.starts_with("https://"))
     target = std::filesystem::absolute(PathToRead(target), error).string();
