@@ -8,7 +8,7 @@ packaging/install.sh run
 echo "Building; the first time takes a minute or two."
 cmake --preset release >/dev/null
 cmake --build --preset release
-# The sample database and the manual lie beside the program, as in an installed package.
+# Installs the sample database and the manual beside the program, as the package does.
 cmake --install build/release --prefix build/run >/dev/null
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then

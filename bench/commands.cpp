@@ -1,11 +1,10 @@
-// One command of the program on a database, run through its handlers as a click runs them:
+// Runs one command of the program on a database, as a click runs it:
 //   commands nothing
 //   commands again ...: the same once before
 //   commands use     DATABASE TEXT
 //   commands lookup  DATABASE TEXT
 //   commands listing DATABASE LISTING [LARGEST-KM [NAME]]
-// It prints the seconds that the handler took and what came out, so that a run that did nothing
-// shows.
+// Prints the seconds that the command took and its results, which show whether it did anything.
 #include <chrono>
 #include <cstdio>
 #include <string_view>

@@ -1,5 +1,5 @@
-// first_paint empty|program: ends as soon as the first window has been painted. The empty one holds
-// sixty controls and nothing else.
+// first_paint empty|program: ends as soon as the first window has been painted. `empty` is a window
+// with sixty fields and no program.
 #include <QApplication>
 #include <QGridLayout>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 // gen_sites RECORDS FILE: writes a site database made by a seeded generator. Sixty in a hundred
-// records hold a grid reference, the others a locator inside the National Grid; CR LF ends the
-// lines and the end marker the file. A smaller file is the beginning of a larger one. The words
-// beacon, needle and zqxjvk never come up.
+// records contain a grid reference, the others a locator inside the National Grid; CR LF ends the
+// lines and the end marker the file. A smaller file is the beginning of a larger one. No record
+// contains the words beacon, needle and zqxjvk.
 #include <cmath>
 #include <cstdint>
 #include <cstdio>

@@ -62,19 +62,19 @@ int main() {
         {200000 + std::fmod(i * 4391.0, 400000), 100000 + std::fmod(i * 7717.0, 800000)});
   std::vector<Point> places(grid.size());
   std::vector<Point> back(grid.size());
-  const double there = MedianNanoseconds(grid, places, [](Point p) {
+  const double toDegrees = MedianNanoseconds(grid, places, [](Point p) {
     Point place{};
     GridToWGS84(p.x, p.y, place.y, place.x);
     return place;
   });
-  const double home = MedianNanoseconds(places, back, [](Point p) {
+  const double toGrid = MedianNanoseconds(places, back, [](Point p) {
     Point point{};
     WGS84ToGrid(p.y, p.x, point.x, point.y);
     return point;
   });
-  const double fastHome =
+  const double fastToGrid =
       MedianNanoseconds(places, back, ByPolynomials{CoordinateForm::LonLat, {-10, 45, 2, 1}});
-  const double fastThere = MedianNanoseconds(
+  const double fastToDegrees = MedianNanoseconds(
       grid, places, ByPolynomials{CoordinateForm::EastingNorthing, {0, 0, 100000, 100000}});
-  std::printf("%.0f %.0f %.0f %.0f\n", there, home, fastThere, fastHome);
+  std::printf("%.0f %.0f %.0f %.0f\n", toDegrees, toGrid, fastToDegrees, fastToGrid);
 }

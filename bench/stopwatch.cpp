@@ -1,6 +1,6 @@
-// stopwatch RUNS COMMAND... [-- COMMAND...]: runs each command that often, one after the other in
-// turn, since the speed of a machine changes from minute to minute. Prints for each a line with the
-// median of the seconds it took and the most kilobytes it held. What they print goes nowhere.
+// stopwatch RUNS COMMAND... [-- COMMAND...]: runs the commands RUNS times in turn, because the
+// speed of a machine changes from minute to minute, and discards their output. Prints a line for
+// each: the median of its seconds and the most kilobytes that it used.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

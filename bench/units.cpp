@@ -1,4 +1,4 @@
-// The parts of the engine, one at a time.
+// Measures single procedures.
 #include <benchmark/benchmark.h>
 
 #include "geo/dist_bear.h"
@@ -22,10 +22,10 @@ struct Bench {
   Workspace w{platform};
 };
 
-// Goes through places all over Great Britain, so that no branch is learned by heart.
+// Goes through places all over Great Britain, so that the processor cannot predict every branch.
 struct Places {
   double lat = 50.2, lon = -5.3;
-  void Next() {
+  void Advance() {
     lat += 0.0371;
     lon += 0.0293;
     if (lat > 58) lat -= 7.9;
@@ -48,7 +48,7 @@ void Wgs84ToGrid(benchmark::State& state) {
   Places places;
   double easting = 0, northing = 0;
   for (auto _ : state) {
-    places.Next();
+    places.Advance();
     WGS84ToGrid(places.lat, places.lon, easting, northing);
     benchmark::DoNotOptimize(easting + northing);
   }
@@ -69,7 +69,7 @@ void PlaceToGridReference(benchmark::State& state) {
   bench.w.Resolution = 0.01;
   std::string ngr;
   for (auto _ : state) {
-    places.Next();
+    places.Advance();
     GenNGR(bench.w, places.lat, places.lon, ngr);
   }
 }
@@ -87,7 +87,7 @@ void PlaceToLocator(benchmark::State& state) {
   Places places;
   std::string lc;
   for (auto _ : state) {
-    places.Next();
+    places.Advance();
     GenLocator(places.lat, places.lon, lc);
     benchmark::DoNotOptimize(lc.data());
   }
@@ -119,7 +119,7 @@ void DistanceAndBearing(benchmark::State& state) {
   bench.w.BaseLong = -1.25;
   bench.w.Resolution = 0.01;
   for (auto _ : state) {
-    places.Next();
+    places.Advance();
     bench.w.Lat = places.lat;
     bench.w.Lon = places.lon;
     DistBear(bench.w);
@@ -136,7 +136,7 @@ void NumberUnderPicture(benchmark::State& state) {
 }
 BENCHMARK(NumberUnderPicture);
 
-// A record of one busy square after the other.
+// Records of two squares, in turn.
 struct Records {
   std::vector<std::string> lines;
   std::size_t next = 0;

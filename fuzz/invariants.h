@@ -121,7 +121,7 @@ struct Program {
 // are finite and in their ranges, and that no list grows without end.
 inline void CheckRecord(const Workspace& w, std::size_t inputSize) {
   const auto text = [inputSize](const std::string& shown) {
-    Require(shown.size() <= 1500 + 4 * inputSize, "texts are of finite length");
+    Require(shown.size() <= 1500 + 4 * inputSize, "texts are not much longer than the input");
   };
   EachWindow(w, [&text](WindowName, const char* /*title*/, const auto& window) {
     text(window.caption);

@@ -1,8 +1,7 @@
 // Journeys of user actions in all windows, with calls of the system that fail. One journey in eight
 // runs twice; both runs must end with the same values and files.
-//   Input  one action a line. A letter of kControls clicks that control; with = and a text behind
-//   it
-//          edits the control. The others, of which some read a number from that text:
+//   Input  one action a line. A letter of kControls clicks that control; =TEXT after the letter
+//          edits it instead. The other actions, some with a number or characters as =TEXT:
 //   E  press Enter                    Q  select an entry of the Results window, P double-click it
 //   R  characters of the receiver     G  a good sentence of the receiver
 //   X  close a window by its frame    Z  start the program again, if it has ended
@@ -95,5 +94,5 @@ std::string Run(const std::string& input) {
 void Try(const std::string& input) {
   const std::string shown = Run(input);
   if (!shown.empty())
-    Require(shown == Run(input), "the same actions give the same record and windows");
+    Require(shown == Run(input), "the same actions lead to the same record and windows");
 }

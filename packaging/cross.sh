@@ -24,21 +24,10 @@ packaging/install.sh --target "$arch" run test package cross || {
   packaging/install.sh --target "$arch" cross
 }
 
-# configure SOURCE BUILD [CMAKE-OPTION...]
-configure() {
-  source=$1 binary=$2
-  shift 2
-  cmake -S "$source" -B "$binary" -G Ninja --toolchain "$PWD/packaging/cross/$arch.cmake" \
-    -DCMAKE_BUILD_TYPE=Release "$@"
-}
-googletest=$PWD/$build/googletest
-configure /usr/src/googletest "$googletest" -DBUILD_GMOCK=OFF \
-  -DCMAKE_INSTALL_PREFIX="$googletest/installed" -DCMAKE_INSTALL_LIBDIR=lib
-cmake --build "$googletest" --target install >/dev/null
-
 rm -f "$build"/tarnwick_*.deb
-configure . "$build" -DTARNWICK_DESKTOP="$desktop" -DTARNWICK_TESTS=ON -DTARNWICK_WERROR=ON \
-  -DGTest_DIR="$googletest/installed/lib/cmake/GTest" -DCMAKE_CROSSCOMPILING_EMULATOR="$emulator"
+cmake -S . -B "$build" -G Ninja --toolchain "$PWD/packaging/cross/$arch.cmake" \
+  -DCMAKE_BUILD_TYPE=Release -DTARNWICK_DESKTOP="$desktop" -DTARNWICK_TESTS=ON -DTARNWICK_WERROR=ON \
+  -DCMAKE_CROSSCOMPILING_EMULATOR="$emulator"
 cmake --build "$build"
 # No long tests under emulation. A test that needs a system call that the emulator lacks is skipped
 # with a message.

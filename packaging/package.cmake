@@ -1,8 +1,8 @@
 # What is installed, and the Debian package: `cmake --workflow --preset release` makes it.
 include(GNUInstallDirs)
 
-# The project has no web address. Whoever publishes the program says where it is found; the metainfo and
-# the package then name that address, and the manual's pictures below it as screenshots.
+# The project has no web address. A publisher can set one here; the metainfo and the package then name
+# that address, and the manual's pictures below it as screenshots.
 set(TARNWICK_HOMEPAGE "" CACHE STRING "Web address of the project, such as https://host/tarnwick")
 set(TARNWICK_WEB "")
 if(TARNWICK_HOMEPAGE)

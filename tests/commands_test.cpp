@@ -205,8 +205,8 @@ TEST_F(Commands, ComputesDistanceAndBearings) {
   }
 }
 
-// The first line that contains the text in any part is used, and none behind the end marker, which
-// is looked for before the text. Each row begins with another place on the screen.
+// Use This takes the first line that contains the text anywhere; a line with the end marker ends
+// the search, even if it contains the text. Before each row the screen shows IO91WM44.
 TEST_F(Commands, FindsASite) {
   platform.files = {{"Sites",
                      "Alpha Hill~IO91VL\r\nBeacon Rock~SU12 3456~Hilltop mast\r\n"

@@ -8,5 +8,5 @@
 // an escape: \\ \n \r \t or \xNN, a code of the single-byte set.
 std::string Escaped(std::string_view text);
 
-// The reverse. A backslash before anything else counts as itself.
+// Reverses Escaped. A backslash that begins no escape is an ordinary character.
 std::string Unescaped(std::string_view text);

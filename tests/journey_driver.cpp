@@ -13,7 +13,6 @@
 
 #include "escaped_text.h"
 #include "gps/nmea_receiver.h"
-#include "platform/drive_paths.h"
 #include "platform/headless/headless.h"
 #include "record_printer.h"
 #include "workspace/events/event_table.h"

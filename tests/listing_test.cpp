@@ -1,4 +1,4 @@
-// The accelerator of the listing against the exact path.
+// The accelerator of the listing, compared with the exact path.
 #include "sites/listing/listing.h"
 
 #include <gtest/gtest.h>
@@ -148,7 +148,7 @@ TEST(Listing, AcceleratedRowsEqualPlainRows) {
 constexpr auto kGrid = CoordinateForm::EastingNorthing;
 constexpr auto kDegrees = CoordinateForm::LonLat;
 
-// A place by the exact formulas, as PlaceAt supplies it.
+// Returns by the exact formulas what PlaceAt returns.
 ApproximatePlace ExactPlace(const HomeStation& home, CoordinateForm form, double x, double y) {
   ApproximatePlace place;
   if (form == kGrid) {
@@ -173,9 +173,8 @@ void ExpectWithinBounds(const HomeStation& home, const LocalPolynomials& polynom
   ASSERT_NEAR(place.figures.backbearing, exact.figures.backbearing, kBearingError) << x << " " << y;
 }
 
-// Every square, seen from home stations near and far, and from those of which the bearing of a
-// place changes much with a small shift: close to the place, to its antipode and to a pole, and
-// almost due north or south of it.
+// Every square, from home stations near and far, and from those where a small shift changes the
+// bearing much: close to the place, to its antipode or to a pole, and almost due north or south.
 TEST(ApproximatePlace, ErrorsStayWithinTheirBounds) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> unit(0, 1);

@@ -149,7 +149,7 @@ TEST(Receiver, TakesTheFirstSentenceOf45CharactersAndNoOther) {
   }
 }
 
-// What came before can cost two good sentences and no more: here an RMC without a carriage return.
+// Earlier characters, here an RMC without a carriage return, can cost at most two good sentences.
 TEST(Receiver, UsesTheThirdGoodSentence) {
   Program program;
   program.Feed(std::string(59, '.') + "RMC,");

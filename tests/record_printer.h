@@ -24,10 +24,10 @@ void PrintChanges(const Workspace* w, HeadlessPlatform& platform, Printed& print
                   std::ostream& out);
 
 // Prints the same changes as a few indented lines, with " | " between them. Names are shortened
-// where they stay clear, and controls with the same new state are grouped as "visible 1: NAMES". At
-// first it leaves out captions, empty texts, usual colours, and that controls are visible and
-// enabled; always the distance and bearings of the record, which the Pointing window shows. Of a
-// picture it prints the operations that differ from the last picture. The lines of changed files
-// follow, indented further.
+// where they stay clear, and controls with the same new state are grouped as "visible 1: NAMES".
+// The first call leaves out captions, empty texts, usual colours, and that controls are visible and
+// enabled. Every call leaves out the distance and bearings of the record, which the Pointing window
+// shows, and prints only the drawing operations that changed. The lines of changed files follow,
+// indented further.
 void PrintCompactly(const Workspace* w, HeadlessPlatform& platform, Printed& printed,
                     std::ostream& out);

@@ -1,4 +1,4 @@
-// Reading and searching the site database, against the plain way of doing it.
+// Reading and searching the site database, compared with a simple search line by line.
 #include <gtest/gtest.h>
 
 #include <random>

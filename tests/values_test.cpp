@@ -51,7 +51,7 @@ std::int64_t PowerOfTen(int exponent) {
   return exponent == 0 ? 1 : 10 * PowerOfTen(exponent - 1);
 }
 
-// The number digits / 10^places under a picture of fewer places, in integers.
+// Returns digits / 10^places as a picture of fewer places lays it out, computed with integers.
 std::string InIntegers(std::int64_t digits, int places, const Picture& picture) {
   const std::int64_t cut = PowerOfTen(places - static_cast<int>(picture.fractionPlaces));
   const std::int64_t rounded = (digits + cut / 2) / cut;
@@ -168,7 +168,7 @@ TEST(Integers, RoundToEvenAndSaturate) {
   EXPECT_EQ(RoundToInt32(kInfinity), 2147483647);
 }
 
-TEST(UpperOf, RaisesWhatHasACapital) {
+TEST(UpperOf, ReturnsTheCapitalIfThereIsOne) {
   const std::string raised =
       "abcdefghijklmnopqrstuvwxyz\x9A\x9C\x9E\xFF\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE7\xE8\xE9\xEA\xEB"
       "\xEC\xED\xEE\xEF\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC\xFD\xFE";

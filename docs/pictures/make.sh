@@ -28,7 +28,7 @@ started="$! $started"
 window() {
   xdotool search --sync --onlyvisible --name "$1" | tail -n 1
 }
-# Windows are where they stay, and drawn, a little later than they are there.
+# Waits, because a window is moved and painted a little after it appears.
 settle() {
   sleep "${PAUSE:-2}"
 }

@@ -25,7 +25,7 @@ source=$(echo "$work"/qt6-base-*/)
 
 # A copy of the toolchain file beside this Qt, so that Qt can be used without this checkout.
 cp toolchain.cmake "$prefix/"
-off="sql network dbus printsupport testlib concurrent xml vulkan icu glib openssl tabletevent
+off="sql network dbus printsupport concurrent xml vulkan gif ico jpeg icu glib openssl tabletevent
   pkg_config system_zlib system_pcre2 system_freetype system_harfbuzz system_png system_jpeg system_doubleconversion"
 # shellcheck disable=SC2046,SC2086
 cmake -S "$source" -B "$work/build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$prefix/toolchain.cmake" \

@@ -34,7 +34,7 @@ constexpr Helmert kWGS84ToAiry = Reversed(kAiryToWGS84);
 
 // The iteration has converged when the latitude changes by at most 1e-08 radians (6 cm). Every
 // real latitude needs two passes; the limit of twice as many ends the loop for all other numbers.
-constexpr double kSettled = 1e-08;
+constexpr double kConverged = 1e-08;
 constexpr int kMostPasses = 4;
 
 // Radius of curvature in the prime vertical, m.
@@ -42,7 +42,7 @@ double Nu(const Ellipsoid& ellipsoid, double sinPhi) {
   return ellipsoid.a / std::sqrt(1 - ellipsoid.eSquared * sinPhi * sinPhi);
 }
 
-// Geographic coordinates to cartesian ones, the Helmert transformation, and back.
+// Converts degrees to cartesian coordinates, applies the Helmert transformation and converts back.
 void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, double Lat1,
                double Long1, double& Lat2, double& Long2) {
   const double phi = Lat1 / kDegreesPerRadian;
@@ -62,7 +62,7 @@ void Transform(const Ellipsoid& from, const Ellipsoid& to, const Helmert& h, dou
     const double previous = phi2;
     const double sinPhi = Sine(previous);
     phi2 = ATAN2(p, z2 + to.eSquared * Nu(to, sinPhi) * sinPhi);
-    if (!(std::fabs(previous - phi2) > kSettled)) break;
+    if (!(std::fabs(previous - phi2) > kConverged)) break;
   }
   Lat2 = phi2 * kDegreesPerRadian;
   Long2 = ATAN2(x2, y2) * kDegreesPerRadian;

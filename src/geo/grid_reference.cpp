@@ -81,7 +81,7 @@ void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& 
 }
 
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
-  // Where the northing begins: other than in NGRToGrid, 2.5 is rounded to 3, and 3.5 to 3.
+  // Start of the northing. Unlike in NGRToGrid, halves of 2.5 and of 3.5 digits both round to 3.
   const std::size_t north = 2 + (ngr.size() - 2) / 2 + (ngr.size() % 4 == 3 ? 1 : 0);
   w.Tarnwick.OSMap.caption = ngr.substr(0, 3) + ngr[north];
   double easting = 0;

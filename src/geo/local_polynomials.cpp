@@ -4,13 +4,13 @@ namespace {
 
 constexpr std::size_t kDegree = kPolynomialDegree;
 
-// The coordinates of the points on an axis from -1 to 1. A point uses the i-th in x and the j-th in
-// y for i + j <= kDegree, so the first ones are used most. Chosen by trial: with them the errors of
-// a listing are as small as those at the best known points.
+// The coordinates of the points on an axis from -1 to 1. A point has the i-th in x and the j-th in
+// y for i + j <= kDegree, so the first ones are used most. Found by trial: a listing's errors are
+// as small with them as with the best published points.
 constexpr std::array<double, kDegree + 1> kNodes = {-0.88, 0.88, 0, 0.5, -0.5};
 
-// Newton's products (t - kNodes[0]) ... (t - kNodes[i - 1]), i from 0 to kDegree, where t is the
-// coordinate on a side of the rectangle, moved to the interval from -1 to 1.
+// Returns Newton's products (t - kNodes[0]) ... (t - kNodes[i - 1]), i from 0 to kDegree. t is the
+// coordinate, scaled from the side of the rectangle to the interval from -1 to 1.
 std::array<double, kDegree + 1> ProductsAt(double start, double length, double coordinate) {
   const double t = (coordinate - start) * (2 / length) - 1;
   std::array<double, kDegree + 1> products{1};

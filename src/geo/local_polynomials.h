@@ -13,7 +13,7 @@
 // The total degree of the polynomials in x and y.
 inline constexpr std::size_t kPolynomialDegree = 4;
 
-// The values of all functions at one place; an even number of them fills vector registers.
+// The values of all functions at one place; an even number fills vector registers.
 using FunctionValues = std::array<double, 6>;
 using Functions = std::function<FunctionValues(double x, double y)>;
 

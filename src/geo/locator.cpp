@@ -14,9 +14,6 @@ constexpr double kKmPerDegree = 111.2;
 constexpr double kHalfCellLon = 0.00017;
 constexpr double kHalfCellLat = 0.000086;
 
-// Finest squares in one unit of an axis; a unit is 1 degree of latitude or 2 of longitude.
-constexpr double kCells = 5760;
-
 // Writes the characters of one axis as WriteAxis does. The order of the arithmetic decides to which
 // cell a place on an edge belongs.
 void WriteAxisByStep(double axis, char* at) {
@@ -24,7 +21,7 @@ void WriteAxisByStep(double axis, char* at) {
   double rest = axis - 10 * field;
   char first = 'A';
   *at = CharOf(first + field);
-  for (const double cellsPerUnit : {1.0, 24.0, 240.0, kCells}) {
+  for (const double cellsPerUnit : {1.0, 24.0, 240.0, kFinestSquares}) {
     const int number = FloorToInt16(rest * cellsPerUnit);
     rest -= number / cellsPerUnit;
     first = first == 'A' ? '0' : 'A';
@@ -32,13 +29,13 @@ void WriteAxisByStep(double axis, char* at) {
   }
 }
 
-// Writes the five characters of one axis, which has 18 fields of 10 units, to at[0], at[2] ...
-// at[8]. Divides the number of the finest square, unless the place is so close to the edge of a
-// square that rounding could decide.
+// Writes the five characters of one axis to at[0], at[2] ... at[8]. The axis has 18 fields of 10
+// units; a unit is 1 degree of latitude or 2 of longitude. Divides the number of the finest square,
+// unless the place is so close to the edge of a square that rounding could decide.
 void WriteAxis(double axis, char* at) {
   constexpr double kMargin = 1e-6;
-  const double cells = axis * kCells;
-  if (!(cells >= 0 && cells < 180 * kCells)) return WriteAxisByStep(axis, at);
+  const double cells = axis * kFinestSquares;
+  if (!(cells >= 0 && cells < 180 * kFinestSquares)) return WriteAxisByStep(axis, at);
   auto rest = static_cast<unsigned>(cells);
   const double inCell = cells - rest;
   if (inCell < kMargin || inCell > 1 - kMargin) return WriteAxisByStep(axis, at);

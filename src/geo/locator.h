@@ -1,5 +1,5 @@
-// Maidenhead locators: pairs of characters, longitude first; each pair divides the cell of the pair
-// before: field, square, subsquare, extended square, finest square. Source: IARU Region 1, "Locator
+// Maidenhead locators: pairs of characters, longitude first; each pair divides the cell of the last
+// pair: field, square, subsquare, extended square, finest square. Source: IARU Region 1, "Locator
 // system". Upper case throughout, ten characters at most.
 #pragma once
 
@@ -7,6 +7,9 @@
 #include <string_view>
 
 #include "workspace/record/workspace.h"
+
+// Finest squares in one degree of latitude, and in two degrees of longitude.
+inline constexpr double kFinestSquares = 5760;
 
 // Converts a locator to a place. Missing characters count as 44, then MM: 10 characters return the
 // centre of their cell, 8 the centre of the cell MM in it, 6 the centre of the cell 44MM in it,

@@ -49,8 +49,8 @@ double MeridionalArc(double phi) {
 }
 
 // Latitude, radians, of the point of the central meridian with this northing, m. A real reference
-// needs four passes; the limit of 50 is for texts such as SU12346E12, whose digits read as a number
-// far beyond the grid.
+// needs four passes; the limit of 50 ends the loop for texts such as SU12346E12, whose digits read
+// as a number far beyond the grid.
 double FootLatitude(double northing) {
   const double arc = northing - kFalseNorthing;
   double phi = arc / kAF0 + kOriginLat / kDegreesPerRadian;

@@ -46,8 +46,8 @@ Reduced Reduce(double angle) {
   return ReduceCodyWaite(std::fmod(angle, kFullTurn));
 }
 
-// The sum of c[i] z^i, added in pairs (Estrin's scheme): in Horner's scheme each step waits for the
-// last one.
+// Returns the sum of c[i] z^i, added in pairs (Estrin's scheme), because in Horner's scheme each
+// step waits for the one before.
 double Series(const double (&c)[8], double z) {
   const double z2 = z * z;
   const double z4 = z2 * z2;
@@ -86,8 +86,8 @@ double ArctangentSeries(double x) {
 
 // The sine of an angle of at most an eighth of a turn, plus a number of quarter turns.
 double SineFrom(unsigned quarters, DoubleDouble angle) {
-  const double size = quarters % 2 == 0 ? SineSeries(angle) : CosineSeries(angle);
-  return quarters % 4 < 2 ? size : -size;
+  const double sine = quarters % 2 == 0 ? SineSeries(angle) : CosineSeries(angle);
+  return quarters % 4 < 2 ? sine : -sine;
 }
 
 }  // namespace

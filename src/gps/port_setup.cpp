@@ -13,8 +13,7 @@ namespace {
 
 constexpr int kHighestPort = 32;
 
-// Returns the speed in baud: `text` is digits with or without blanks around them. 0 for other
-// texts.
+// Reads a speed in baud: digits with or without blanks around them. Returns 0 for other texts.
 int SpeedOf(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   text.remove_suffix(text.size() - (text.find_last_not_of(' ') + 1));

@@ -3,7 +3,7 @@
 // on the packets in which the characters arrive.
 //
 // A piece ends at the first line end from its 64th character on, or at its 128th character. So a
-// sentence that begins in a piece either ends in it or has at least 65 characters there.
+// sentence that begins in a piece either ends in it or has at least 65 characters in it.
 #pragma once
 
 #include <string>

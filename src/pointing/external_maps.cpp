@@ -6,8 +6,8 @@
 
 namespace {
 
-// Fire and forget: a failed start is ignored on purpose.
-void OpenOutside(Workspace& w, const std::string& target) {
+// Ignores a failed start on purpose.
+void OpenInOtherProgram(Workspace& w, const std::string& target) {
   static_cast<void>(w.platform.Shell("cmd /c  start " + target, WindowStyle::MinimisedWithFocus));
 }
 
@@ -16,9 +16,9 @@ void OpenOutside(Workspace& w, const std::string& target) {
 void Gmap_Click(Workspace& w) {
   const std::string position =
       FormatPicture(w.Lat, "###.######") + "," + FormatPicture(w.Lon, "####.######") + ",14z";
-  OpenOutside(w, "https://www.google.com/maps/@" + position);
+  OpenInOtherProgram(w, std::string(kMapService) + "/maps/@" + position);
 }
 
 void OSMap_Click(Workspace& w) {
-  OpenOutside(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG");
+  OpenInOtherProgram(w, w.MapPath + w.Tarnwick.OSMap.caption + ".JPG");
 }

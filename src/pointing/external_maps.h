@@ -3,9 +3,12 @@
 
 #include "workspace/record/workspace.h"
 
-// Click on Gmap: opens the web map at Lat and Lon (degrees, six decimals), zoom 14.
+// The web map service. "/maps/@LATITUDE,LONGITUDE,ZOOMz" after it shows a place.
+inline constexpr const char* kMapService = "https://www.google.com";
+
+// A click on Gmap: opens the web map at Lat and Lon (degrees, six decimals), zoom 14.
 void Gmap_Click(Workspace& w);
 
-// Click on OSMap: opens the image of the 10 km square in the caption of OSMap, such as
+// A click on OSMap: opens the image of the 10 km square in the caption of OSMap, such as
 // c:\OS_Maps\TQ37.JPG, whether or not there is such a file.
 void OSMap_Click(Workspace& w);

@@ -22,8 +22,8 @@ class SerialPort : public QObject, public SerialControl {
   std::function<bool()> onComm;
   // Checks on the event loop whether an event is due, and raises it.
   void Recheck();
-  // Raises no event for three seconds, so that the user can stop a receiver whose positions show
-  // one message box after the other.
+  // Raises no event for three seconds, so that the user can stop a receiver if each of its
+  // positions opens a message box.
   void PauseEvents();
 
   bool Open(int port, int speed) override;

@@ -1,5 +1,5 @@
-// A complete platform without windows: it records what the program asks for. Tests, fuzz targets
-// and the journey driver run the program's real procedures on it.
+// A complete platform without windows, which records the messages and programs that a run asks for.
+// Tests, fuzz targets and the journey driver run the program's real procedures on it.
 #pragma once
 
 #include <functional>
@@ -12,9 +12,8 @@
 
 #include "platform/disk_platform.h"
 
-// Makes one call fail. The calls that can fail have numbers from 1, in the order in which the
-// program makes them: opening, reading, writing and closing a file, reading and storing a setting,
-// opening a port, starting a program.
+// Makes one call fail. Calls are numbered from 1 in the order in which the program makes them: to
+// open, read, write or close a file, read or store a setting, open a port, start a program.
 struct FaultInjection {
   int calls = 0;         // made so far
   int failAt = 0;        // number of the call that fails; 0 for none
@@ -41,8 +40,17 @@ struct HeadlessSerial : SerialControl {
   std::string arrived;  // characters that are not yet in the buffer
   std::string buffer;   // receive buffer
 
-  bool Open(int port, int speed) override;
-  void Close() override;
+  bool Open(int port, int speed) override {
+    if (faults.Fails("Open") || open || ports.count(port) == 0) return false;
+    openSpeed = speed;
+    open = true;
+    return true;
+  }
+  void Close() override {
+    open = false;
+    arrived.clear();
+    buffer.clear();
+  }
   bool IsOpen() const override { return open; }
   std::string Input() override { return std::exchange(buffer, {}); }
 };
@@ -75,16 +83,26 @@ struct HeadlessPlatform : DiskPlatform {
   HeadlessSerial serial{faults};
 
   std::string ReadSetting(const std::string& section, const std::string& key,
-                          const std::string& otherwise) override;
+                          const std::string& otherwise) override {
+    const auto at = settings.find(section + "/" + key);
+    return faults.Fails("ReadSetting") || at == settings.end() ? otherwise : at->second.text;
+  }
   void StoreSetting(const std::string& section, const std::string& key,
-                    const std::string& text) override;
-  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override;
+                    const std::string& text) override {
+    if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
+  }
+  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override {
+    return {NativePath(driveC, path)};
+  }
   bool ContainsFile(const std::string& folder, std::string_view ending) override;
   std::unique_ptr<File> OpenToRead(const std::string& path) override;
   std::unique_ptr<File> OpenToWrite(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override { events.push_back("MsgBox " + text); }
-  bool Shell(const std::string& command, WindowStyle style) override;
+  bool Shell(const std::string& command, WindowStyle /*style*/) override {
+    events.push_back("Shell " + command);
+    return !faults.Fails("Shell");
+  }
   void SetFocus(WindowName /*window*/) override {}
   std::chrono::year_month_day Today() override { return today; }
   SerialControl& Serial() override { return serial; }

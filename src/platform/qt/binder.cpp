@@ -6,11 +6,10 @@
 #include <limits>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 
-// A text field that can have an action for a left click.
+// A text field that can run a command on a left click.
 class ClickableEdit : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -86,7 +85,7 @@ void Binder::Bind(QWidget* widget, const char* name, Control& control,
   widget->setObjectName(name);
   QString tip;
   if constexpr (requires { control.tip; }) tip = control.tip;
-  // Qt wraps rich text alone, a short one too.
+  // Qt wraps only rich text, but wraps even a short one.
   constexpr qsizetype kLongestLine = 80;
   widget->setToolTip(
       tip.size() <= kLongestLine ? tip : "<p style='white-space:pre-wrap'>" + tip.toHtmlEscaped());

@@ -1,4 +1,4 @@
-// Runs the user's commands on the record, one at a time, and then brings the windows up to date.
+// Runs the user's commands on the record, one at a time, and refreshes the windows after each.
 #pragma once
 
 #include <deque>
@@ -7,7 +7,7 @@
 
 #include "workspace/events/event_table.h"
 
-// One for the whole program.
+// The program has one.
 class CommandRunner {
  public:
   explicit CommandRunner(Workspace& record) : w(record) {}
@@ -15,7 +15,7 @@ class CommandRunner {
   Workspace& w;
 
   // Runs a command, then refreshes the windows and calls onIdle. Returns false, and does nothing,
-  // while another command runs, such as one that waits under a message box.
+  // while another command runs, such as one that shows a message box.
   bool Run(const std::function<void(Workspace&)>& command);
   // Runs the command of a user action, with a wait cursor if it reads the database.
   bool Run(const Event& event);

@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 
@@ -49,7 +48,7 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
   runner.AddRefresher([this, listing] {
     // Once shown, the rows of the listing stay; the logic hides the controls in them.
     if (record_.MakeList.visible) listing->show();
-    if (IsHomeNext()) SelectInput();
+    if (IsSetHomeDefault()) SelectInput();
   });
 }
 
@@ -57,7 +56,7 @@ MainWindowView::MainWindowView(CommandRunner& runner) : RecordWindow(runner, run
 // Home, the text is not selected: typing over it and pressing Enter would store the home station
 // under a wrong name.
 void MainWindowView::SelectInput() {
-  IsHomeNext() ? input_->end(false) : input_->selectAll();
+  IsSetHomeDefault() ? input_->end(false) : input_->selectAll();
 }
 
 void MainWindowView::UsePlace(const QString& place) {
@@ -192,6 +191,8 @@ QWidget* MainWindowView::MakeListingPanel() {
     AddLabelled(grid, WidgetOf(label), WidgetOf(field), row, column, fieldColumns);
   grid->addWidget(WidgetOf(&MainWindow::MakeList), 2, 4);
   grid->addWidget(WidgetOf(&MainWindow::ShowAll), 4, 4);
+  // Tab goes through all limits first: what is typed on a button goes into the input box.
+  setTabOrder(WidgetOf(&MainWindow::ShowAll), WidgetOf(&MainWindow::MakeList));
   panel->hide();
   return panel;
 }
@@ -232,7 +233,7 @@ bool MainWindowView::focusNextPrevChild(bool next) {
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
   // When Tab reaches a field, Qt selects its text after this filter has run.
-  if (watched == input_ && event->type() == QEvent::FocusIn && IsHomeNext())
+  if (watched == input_ && event->type() == QEvent::FocusIn && IsSetHomeDefault())
     QTimer::singleShot(0, this, &MainWindowView::SelectInput);
   return RecordWindow::eventFilter(watched, event);
 }

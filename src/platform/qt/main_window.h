@@ -23,7 +23,7 @@ class MainWindowView : public RecordWindow<MainWindow> {
   QWidget* MakeListingPanel();
   void StartListing();
   void SelectInput();
-  bool IsHomeNext() const { return record_.defaultButton == &MainWindow::SetHome; }
+  bool IsSetHomeDefault() const { return record_.defaultButton == &MainWindow::SetHome; }
 
   QLineEdit* const input_ = WidgetOf(&MainWindow::InputText);
   ScreenScrollArea* scroll_ = nullptr;

@@ -13,7 +13,7 @@ namespace {
 // letters: the N begins above the top of the picture.
 constexpr double kEdge = 1.1 * kCompassEdge;
 
-// As parts of the picture's height. With larger letters the N would touch the circle.
+// Fractions of the picture's height. With larger letters the N would touch the circle.
 constexpr double kLetterSize = 0.16;
 constexpr double kPenWidth = 0.015;
 

@@ -54,8 +54,8 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
   }
 
  protected:
-  // Avoids the main window: to its right, below, to its left or above, wherever the screen has
-  // room. Keeps a position that the user chose.
+  // Avoids the main window: the first free position to its right, below, to its left or above.
+  // Keeps a position that the user chose.
   QPoint FramePositionFor(QPoint wanted) const override {
     const QPoint reachable = FramedWindow::FramePositionFor(wanted);
     const QSize size = frameGeometry().size();
@@ -70,12 +70,12 @@ class PointingWindowView : public RecordWindow<PointingWindow> {
     return {screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height()};
   }
 
-  // Keys that no field wants are for the main window, where the user types the next place.
+  // Passes unused keys on to the main window, where the user types the next place.
   void keyPressEvent(QKeyEvent* event) override { QApplication::sendEvent(&mainWindow_, event); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == &mainWindow_ && isVisible()) {
-      // The limits of a listing come first on a small screen; there are no figures beside them.
+      // On a small screen the limits of a listing must be visible; there are no figures then.
       const bool isListing = runner_.w.Tarnwick.MakeList.visible;
       // After the user picks a result, the Results window would cover the figures.
       if (event->type() == QEvent::WindowActivate && !isListing) raise();

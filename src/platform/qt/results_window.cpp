@@ -26,7 +26,7 @@ class ResultsWindowView : public RecordWindow<ResultsWindow> {
   }
 
  private:
-  // At least as wide as four columns of entries, as far as the screen allows.
+  // Makes the window at least as wide as four columns of entries, as far as the screen allows.
   void ShowSize() override {
     const QMargins margins = layout()->contentsMargins();
     const int columns = 4 * list_->EntryWidth() + 2 * list_->frameWidth();

@@ -8,9 +8,9 @@ namespace {
 
 constexpr std::size_t kReadSize = std::size_t{1} << 18;
 
-// Where in the buffer each block of the file is stored: behind the unfinished line of the last one.
-// A large buffer often starts 16 bytes after a memory page; the system copies to a multiple of 64
-// an eighth faster than to there.
+// Index in the buffer of each block of the file; the unfinished line of the last block precedes it.
+// The 48 aligns the block to 64 bytes, since a large buffer often starts 16 bytes after a memory
+// page; the system copies an eighth faster to such an address.
 constexpr std::size_t kReadStart = (std::size_t{1} << 15) + 48;
 static_assert(kReadStart > kLongestLine);
 

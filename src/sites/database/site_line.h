@@ -13,6 +13,5 @@ struct SiteLine {
 // Splits a line; a line without a "~" has neither name nor position.
 SiteLine SplitSiteLine(std::string_view line);
 
-// Whether the line is the end marker, which follows the last site: a line that contains
-// "ENDENDEND", in capitals.
+// Whether the line contains "ENDENDEND", in capitals: the end marker, which follows the last site.
 bool HasEndMarker(std::string_view line);

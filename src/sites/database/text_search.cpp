@@ -57,7 +57,7 @@ CharacterTest TestFor(char capital, std::size_t index) {
 // The tests for the two characters of a text that are rarest in names and remarks.
 CharacterPair RarestPairOf(std::string_view upper) {
   constexpr std::string_view kCommonFirst = " EAOTINRSLHDG1F0CM2U34B5W6P789KY~,.VZXQJ";
-  if (upper.empty()) return {{{0, 0xFF, 0xFF}, {0, 0xFF, 0xFF}}};  // anywhere
+  if (upper.empty()) return {{{0, 0xFF, 0xFF}, {0, 0xFF, 0xFF}}};  // every character passes
   std::vector<std::size_t> indices(std::min(upper.size(), kBlock));
   std::iota(indices.begin(), indices.end(), 0);
   std::stable_sort(indices.begin(), indices.end(), [&](std::size_t a, std::size_t b) {
@@ -74,7 +74,7 @@ bool BeginsWith(std::string_view rest, const CaseBlindText& sought) {
                     [](char u, char c) { return u == UpperOf(c); });
 }
 
-// Returns the first place where the text begins, or `end`.
+// Returns the first position at which the text begins, or `end`.
 const char* FindText(const char* at, const char* end, const CaseBlindText& sought) {
   const CharacterPair rarest = sought.rarest;  // a copy: the compiler keeps it in registers
   for (; at < end; at += kBlock) {
@@ -139,7 +139,7 @@ bool ReadMatchingLine(DatabaseHandle& database, const CaseBlindText& sought,
     const char* place = FindText(database, sought);
     MoveCursorTo(database, LineStart(Cursor(database), place));
     if (!ReadLine(database, line)) return false;
-    // Usually the text begins there. If the line was incomplete, it can begin anywhere.
+    // Usually the text begins at `place`. If the line was incomplete, it can begin anywhere.
     const char* end = line.data() + line.size();
     if (place >= line.data() && place < end && BeginsWith({place, end}, sought)) return true;
     if (Matches(line, sought)) return true;
@@ -154,7 +154,7 @@ void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought)
   stop = FindText(from, stop, endMarker);
   stop = FindLineWithoutTilde(from, stop);
   const char* start = LineStart(from, stop);
-  // Back to the last line that ReadLine returns.
+  // Goes back to the last line that ReadLine does not skip for its length.
   for (std::size_t length = kLongestLine + 1; start != from && length > kLongestLine;) {
     const char* next = start;
     start = LineStart(from, next - 1);

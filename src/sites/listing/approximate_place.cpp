@@ -16,8 +16,8 @@ enum : std::size_t { kX, kY, kCosArc, kSinLat, kCosLatSinDeltaLon };
 
 using Four = std::array<double, 4>;
 
-// The angles, 0 to pi, of four points whose y is not negative, off by 5e-10 at most; NaN at the
-// origin. Without branches, so that the compiler works on pairs.
+// Returns the angles, 0 to pi, of four points whose y is not negative, with errors of 5e-10 at
+// most; NaN at the origin. There are no branches, so that the compiler computes two angles at once.
 Four AnglesOf(const Four& y, const Four& x) {
   constexpr double kEighth = std::numbers::pi / 4;
   // atan(t) / t in powers of t^2, to 3e-10 for |t| <= 1.
@@ -40,7 +40,8 @@ Four AnglesOf(const Four& y, const Four& x) {
   return angles;
 }
 
-// Distance and bearings by tangents, where the exact formulas use cosines. `lon` decides the side.
+// Returns distance and bearings by tangents; the exact formulas use cosines. `lon` decides between
+// east and west.
 DistanceAndBearings FiguresOf(const HomeStation& home, const FunctionValues& values, double lon) {
   const double cosArc = values[kCosArc];
   const double across = std::fabs(home.cosLat * values[kCosLatSinDeltaLon]);

@@ -20,12 +20,12 @@ inline constexpr double kBearingError = 1e-5;   // degrees, where AreWellConditi
 // digits itself. From every place, a home station close to a pole lies due north or south.
 bool AreWellConditioned(const DistanceAndBearings& figures);
 
-// The form in which the places of a square are known: x and y are easting and northing, m, or
-// longitude and latitude, degrees. The other form comes from the polynomials.
+// The form of the coordinates x and y in a square: easting and northing, m, or longitude and
+// latitude, degrees. The polynomials return the other form.
 enum class CoordinateForm { EastingNorthing, LonLat };
 
-// The polynomials of a lettered square, or of a square of 2 by 1 degrees, at a cost of 15 exact
-// conversions.
+// Returns the polynomials of a lettered square, or of a square of 2 by 1 degrees. Takes as long as
+// 15 exact conversions.
 LocalPolynomials PolynomialsOf(const HomeStation& home, const Rectangle& square,
                                CoordinateForm form);
 
@@ -34,6 +34,6 @@ struct ApproximatePlace {
   DistanceAndBearings figures;
 };
 
-// The place with the coordinates x and y in a square.
+// Returns the place with the coordinates x and y in a square.
 ApproximatePlace PlaceAt(const HomeStation& home, const LocalPolynomials& square,
                          CoordinateForm form, double x, double y);

@@ -31,8 +31,8 @@ bool AreUncertain(const DistanceAndBearings& figures, const Limits& limits) {
          IsNearTie(backbearing * 10, kBearingError * 10);
 }
 
-// Returns the reference that is calculated for a place of a square; empty if the exact place could
-// have another one.
+// Returns the reference of a place in the other form; empty if the exact place could have another
+// reference.
 std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, double resolution) {
   std::string reference;
   if (form == CoordinateForm::LonLat) {
@@ -41,8 +41,7 @@ std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, doub
         !IsNearTie(place.y / unit, kMetreError / unit))
       reference = GridReferenceOf(place.x, place.y, resolution);
   } else {
-    constexpr double kCells =
-        5760;  // finest squares in a degree of latitude, and in two of longitude
+    constexpr double kCells = kFinestSquares;
     if (!IsNearTie((place.y + 90) * kCells + 0.5, kLatError * kCells) &&
         !IsNearTie((place.x + 180) / 2 * kCells + 0.5, kLonError / 2 * kCells))
       GenLocator(place.y, place.x, reference);
@@ -109,7 +108,7 @@ std::optional<bool> TryFastRow(ListingAccelerator& fast, const SiteRecord& recor
   else if (record.kind == kLocator && record.position.size() % 2 == 0)
     square = DegreeSquareOf(fast, record.position);
   if (square == nullptr) return {};
-  // A record on the grid overwrites everything that the deferred one would leave.
+  // A record on the grid overwrites all values that the deferred record would write.
   fast.deferred = record.line;
   if (square->isOutOfReach || !Matches(record.name, fast.limits.name)) return false;
   const bool isGrid = square->form == CoordinateForm::EastingNorthing;

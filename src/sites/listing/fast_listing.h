@@ -1,6 +1,6 @@
-// Lists records several times faster than the exact formulas do. The accelerator takes the numbers
-// (coordinates, distance, bearings) from polynomials. Everything else, from reading a reference to
-// writing the row, is done by the procedures that the exact path uses. Where the exact number could
+// Lists records several times faster than the exact formulas. The accelerator computes the numbers
+// (coordinates, distance, bearings) by polynomials. The procedures that the exact path uses do
+// everything else, from reading a reference to writing the row. Where the exact number could
 // fall on the other side of a decision (the edge of a locator's cell, a tie of a rounding, a limit
 // of the run), the record takes the exact path, so the listing is the same to the last digit. The
 // tests compare both, byte for byte.
@@ -21,7 +21,7 @@
 // A lettered square of the National Grid, or a square of 2 by 1 degrees.
 struct AcceleratedSquare {
   CoordinateForm form;
-  bool isOutOfReach;  // all its places are too near or too far to be listed
+  bool isOutOfReach;  // all its places are below the least or above the greatest distance
   LocalPolynomials polynomials;
 };
 

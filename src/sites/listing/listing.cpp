@@ -62,7 +62,7 @@ bool WriteLines(Workspace& w, File& file) {
   return isWritten && file.Write(pending);
 }
 
-// Writes the file; false if it can't be created, is the database itself, or lost a write.
+// Writes the file; false if it can't be created, is the database itself, or a call failed.
 bool WriteListing(Workspace& w, const std::string& path) {
   if (w.platform.IsSameFile(path, w.Tarnwick.LocDatabase.text)) return false;
   const std::unique_ptr<File> file = w.platform.OpenToWrite(path);

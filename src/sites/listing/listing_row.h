@@ -21,11 +21,11 @@ struct Limits {
 // Reads the limits from the fields of the listing layout; a text that is no number counts as 0.
 Limits LimitsOf(const MainWindow& main);
 
-// Whether a distance and a bearing lie within the limits, edges included; a sector whose two edges
+// Whether a distance and a bearing are within the limits, edges included; a sector whose two edges
 // are equal contains no bearing.
 bool IsWithin(const Limits& limits, const DistanceAndBearings& figures);
 
-// A record as the decoders read it.
+// A line of the database, prepared for the decoders.
 struct SiteRecord {
   std::string_view line, name;
   std::string position;        // upper case; without blanks if it is a reference

@@ -3,7 +3,7 @@
 
 #include "workspace/record/workspace.h"
 
-// Click on SetHome: makes the current place the home station and shows the Pointing window.
+// A click on SetHome: makes the current place the home station and shows the Pointing window.
 // Computes no distance; the next Use This does.
 // Reads   Lat, Lon (degrees), Resolution (km), sitename, InputText, LocText, NGRText
 // Writes  BaseLat, BaseLong (degrees), Baseresolution (km), BaseName, BaseSet, and the banner

@@ -44,8 +44,8 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
 }
 
 // Uses the site `sitename` of the database with this position, upper case. A position that is no
-// reference shows "ERROR"; a latitude and longitude leaves LocText, NGRText and LLText. Both
-// keep the old place, for which distance and bearing are then computed.
+// reference shows "ERROR"; a latitude and longitude leaves LocText, NGRText and LLText unchanged.
+// Both keep the old place, for which distance and bearing are then computed.
 void UseSite(Workspace& w, std::string position) {
   w.Tarnwick.InputText.text = w.sitename + "   " + position;
   w.BearingCalc.Ipt.text = w.Tarnwick.InputText.text;

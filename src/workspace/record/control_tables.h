@@ -1,4 +1,4 @@
-// The names of all controls: one table a window, in the order in which the user reads and Tab
+// The names of all controls: a table for each window, in the order in which the user reads and Tab
 // visits them. Front ends, tests, scripts and the event table find controls by these names.
 #pragma once
 

@@ -1,5 +1,5 @@
-// The one record of a run, shared by all commands. A command leaves unchanged what it does not
-// write: after a failed decode the next command works with the old place.
+// The one record of a run, shared by all commands. It keeps a value until a command writes it:
+// after a failed decode the next command works with the old place.
 #pragma once
 
 #include <cstdint>

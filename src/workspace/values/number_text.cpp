@@ -11,13 +11,13 @@
 
 namespace {
 
-// A number as decimal digits d.ddd x 10^exponent.
+// The absolute value of a number: d.ddd x 10^exponent, where `digits` has no point.
 struct Decimal {
   std::string digits;
   int exponent;
 };
 
-// The absolute value of a finite number in exactly `significant` digits, from 2 to 17.
+// Returns a finite number rounded to `significant` digits, from 2 to 17.
 Decimal DecimalOf(double number, int significant) {
   char text[32];
   const auto written = std::to_chars(text, std::end(text), std::fabs(number),
@@ -29,8 +29,8 @@ Decimal DecimalOf(double number, int significant) {
   return {digits, static_cast<int>(exponent)};
 }
 
-// The text of a number of at most `significant` digits, with an exponent if it would need more
-// than that many places on either side of the point.
+// Returns a number as text with at most `significant` digits, and with an exponent if it would need
+// more places than that on either side of the point.
 std::string PlainText(double number, int significant) {
   number = Finite(number);
   if (number == 0) return " 0";
@@ -67,8 +67,8 @@ bool IsHuge(std::string_view text) {
   return static_cast<double>(whole) - static_cast<double>(zeros) + exponent > 0;
 }
 
-// Reads the number at the front of any text. Not inlined, so that TextToNumber is short.
-[[gnu::noinline]] double FrontNumber(std::string_view text) {
+// TextToNumber for any text. Not inlined, so that the usual case there stays fast.
+[[gnu::noinline]] double LeadingNumber(std::string_view text) {
   std::string rest = UpperOf(text);
   std::erase_if(rest, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
   if (rest.starts_with('&')) return RadixNumber(std::string_view(rest).substr(1));
@@ -86,7 +86,7 @@ bool IsHuge(std::string_view text) {
 constexpr double kPowersOfTen[] = {1,   1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7, 1e8,
                                    1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
 
-// A whole number, number * 10^zeros, of which the digits are taken from the last one on.
+// The whole number `number` * 10^zeros; its digits are read from the last to the first.
 struct Digits {
   std::uint64_t number = 0;  // below 10^16
   std::size_t zeros = 0;
@@ -95,9 +95,9 @@ struct Digits {
   void DropLast() { zeros > 0 ? --zeros : number /= 10; }
 };
 
-// size * 10^places, rounded to a whole number as PutPicture rounds.
-[[gnu::noinline]] Digits RoundExactly(double size, std::size_t places) {
-  const auto [digits, exponent] = DecimalOf(size, 15);
+// Returns number * 10^places, not negative, rounded to a whole number as FormatPicture rounds.
+[[gnu::noinline]] Digits RoundExactly(double number, std::size_t places) {
+  const auto [digits, exponent] = DecimalOf(number, 15);
   const int kept = exponent + 1 + static_cast<int>(places);
   if (kept < 0) return {};
   const auto keep = static_cast<std::size_t>(kept);
@@ -106,15 +106,15 @@ struct Digits {
   return {digits[keep] >= '5' ? whole + 1 : whole};
 }
 
-// The same, without the text of 15 significant digits unless the number is large or so close to a
-// tie that the cut to that text, which moves it by at most 5e-15 of its size, could matter.
-Digits Rounded(double size, std::size_t places) {
+// Returns what RoundExactly returns, and calls it only if the number is large, or so close to a tie
+// that the rounding to 15 digits, an error of at most 5e-15 of the number, could matter.
+Digits Rounded(double number, std::size_t places) {
   constexpr double kMargin = 1e-13;
-  const double scaled = places < std::size(kPowersOfTen) ? size * kPowersOfTen[places] : HUGE_VAL;
-  if (!(scaled < 2e9)) return RoundExactly(Finite(size), places);
+  const double scaled = places < std::size(kPowersOfTen) ? number * kPowersOfTen[places] : HUGE_VAL;
+  if (!(scaled < 2e9)) return RoundExactly(Finite(number), places);
   const auto whole = static_cast<std::int32_t>(scaled);
   const double fraction = scaled - whole;
-  if (std::fabs(fraction - 0.5) <= scaled * kMargin) return RoundExactly(size, places);
+  if (std::fabs(fraction - 0.5) <= scaled * kMargin) return RoundExactly(number, places);
   return {static_cast<std::uint32_t>(whole + static_cast<int>(fraction > 0.5))};
 }
 
@@ -148,10 +148,10 @@ std::string FormatPicture(double number, std::string_view picture) {
 }
 
 double TextToNumber(std::string_view text) {
-  if (text.size() > 15) return FrontNumber(text);
+  if (text.size() > 15) return LeadingNumber(text);
   std::int64_t number = 0;  // a double represents 15 digits exactly
   for (const char c : text) {
-    if (!IsDigit(c)) return FrontNumber(text);
+    if (!IsDigit(c)) return LeadingNumber(text);
     number = number * 10 + (c - '0');
   }
   return static_cast<double>(number);

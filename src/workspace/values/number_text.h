@@ -37,9 +37,9 @@ constexpr Picture PictureOf(std::string_view text) {
   return picture;
 }
 
-// Returns a number under a picture. The number is written with 15 significant digits first, and
-// that decimal text is rounded at the last fraction place, a tie away from zero. A minus is put in
-// front of the whole result, but not in front of a value that rounds to zero.
+// Returns a number as the picture lays it out. The number is rounded to 15 significant digits
+// first, and these are rounded at the last fraction place, a tie away from zero. A minus sign
+// precedes the whole result, unless the value rounds to zero.
 std::string FormatPicture(double number, std::string_view picture);
 
 // Writes the result of FormatPicture over the characters of `text` from index `at` on, counted from

@@ -24,8 +24,8 @@ bool IsLockedByFile(const QString& device) {
   return owner > 0 && (kill(owner, 0) == 0 || errno == EPERM);
 }
 
-// Sets a speed for which <termios.h> has no constant. The kernel's header for it contradicts that
-// header, so this is its `struct termios2`.
+// Sets a speed for which <termios.h> has no constant. `settings` copies `struct termios2`, because
+// the kernel header that declares it contradicts <termios.h>.
 bool SetOtherSpeed(int port, int speed) {
   struct {
     tcflag_t input, output, control, local;
@@ -42,7 +42,7 @@ bool SetUp(int port, termios line, int speed) {
   line.c_iflag = IGNPAR;
   line.c_oflag = line.c_lflag = 0;
   line.c_cflag = (line.c_cflag & HUPCL) | CS8 | CREAD | CLOCAL;
-  line.c_cc[VMIN] = 1;  // so that a read of no characters means the end
+  line.c_cc[VMIN] = 1;  // so that a read of no characters means that the device hung up
   line.c_cc[VTIME] = 0;
   const bool isNamed = cfsetspeed(&line, static_cast<speed_t>(speed)) == 0;
   return tcsetattr(port, TCSANOW, &line) == 0 && (isNamed || SetOtherSpeed(port, speed));

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/drive_paths.h"
 #include "workspace/record/workspace.h"
 
 Desktop::Desktop()
@@ -18,7 +17,7 @@ std::vector<std::filesystem::path> Desktop::PlacesOf(const std::string& path) co
   return {file, QCoreApplication::applicationDirPath().toStdWString() / file.relative_path()};
 }
 
-// Starts the command line as it is and does not watch the program.
+// Runs the command line unchanged and never reports that a viewer failed after its start.
 bool Desktop::Shell(const std::string& command, WindowStyle style) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
