@@ -13,29 +13,26 @@ constexpr std::u32string_view kUpperControls =
 constexpr struct {
   std::u32string_view characters;
   char replacement;
-} kNearest[] = {
-    {U"\u02B9\u02BC\u2032\u2035", '\''},
-    {U"\u02BA\u2033\u2036", '"'},
-    {U"\u2010\u2011\u2012\u2212", '-'},
-    {U"\u2002\u2003\u2007\u2009\u200A\u202F\u3000", ' '},
-    {U"\u02DA", '\xB0'},
-    {U"\u2215\u2044", '/'},
-    {U"\uFF0C", ','},
-    {U"\uFF0E", '.'},
-};
+} kNearest[] = {{U"\u02B9\u02BC\u2032\u2035", '\''},
+                {U"\u02BA\u2033\u2036", '"'},
+                {U"\u2010\u2011\u2012\u2212", '-'},
+                {U"\u2002\u2003\u2007\u2009\u200A\u202F\u3000", ' '},
+                {U"\u02DA", '\xB0'},
+                {U"\u2215\u2044", '/'},
+                {U"\uFF0C", ','},
+                {U"\uFF0E", '.'}};
 
 void AppendUtf8(std::string& text, char32_t code) {
   if (code < 0x80) {
     text += static_cast<char>(code);
-    return;
-  }
-  if (code < 0x800) {
+  } else if (code < 0x800) {
     text += static_cast<char>(0xC0 | code >> 6);
+    text += static_cast<char>(0x80 | (code & 0x3F));
   } else {
     text += static_cast<char>(0xE0 | code >> 12);
     text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
+    text += static_cast<char>(0x80 | (code & 0x3F));
   }
-  text += static_cast<char>(0x80 | (code & 0x3F));
 }
 
 // Removes the first character from `rest` and returns it; returns 0xFFFD for invalid UTF-8.
