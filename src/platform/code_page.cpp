@@ -27,15 +27,14 @@ constexpr struct {
 void AppendUtf8(std::string& text, char32_t code) {
   if (code < 0x80) {
     text += static_cast<char>(code);
-    return;
-  }
-  if (code < 0x800) {
+  } else if (code < 0x800) {
     text += static_cast<char>(0xC0 | code >> 6);
+    text += static_cast<char>(0x80 | (code & 0x3F));
   } else {
     text += static_cast<char>(0xE0 | code >> 12);
     text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
+    text += static_cast<char>(0x80 | (code & 0x3F));
   }
-  text += static_cast<char>(0x80 | (code & 0x3F));
 }
 
 // Removes the first character from `rest` and returns it; returns 0xFFFD for invalid UTF-8.

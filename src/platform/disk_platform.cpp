@@ -94,9 +94,9 @@ bool DiskPlatform::ContainsFile(const std::string& folder, std::string_view endi
     std::error_code error;
     return upper.ends_with(UpperOf(ending)) && entry.is_regular_file(error);
   };
-  const std::vector<fs::path> places = PlacesOf(folder);
-  return std::any_of(places.begin(), places.end(),
-                     [&](const fs::path& place) { return !FindEntry(place, isWanted).empty(); });
+  for (const fs::path& place : PlacesOf(folder))
+    if (!FindEntry(place, isWanted).empty()) return true;
+  return false;
 }
 
 std::unique_ptr<File> DiskPlatform::OpenToRead(const std::string& path) {

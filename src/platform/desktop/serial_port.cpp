@@ -14,11 +14,6 @@ SerialPort::SerialPort() {
   });
 }
 
-// Uses the event loop, so that the windows respond between two events of a fast device.
-void SerialPort::Recheck() {
-  if (!isPaused_) timer_.start(0);
-}
-
 void SerialPort::PauseEvents() {
   isPaused_ = true;
   timer_.start(std::chrono::seconds(3));
@@ -31,11 +26,6 @@ void SerialPort::OnData() {
     Recheck();
   else
     DiscardNewCharacters();
-}
-
-void SerialPort::DiscardNewCharacters() {
-  arrived_.clear();
-  device_.Discard();
 }
 
 bool SerialPort::Open(int port, int speed) {

@@ -20,10 +20,13 @@ class SerialPort : public QObject, public SerialControl {
   // Handles an event; returns whether the program handled it. It cannot while another command runs,
   // such as one that shows a message box; Recheck then raises the event again.
   std::function<bool()> onComm;
-  // Checks on the event loop whether an event is due, and raises it.
-  void Recheck();
-  // Raises no event for three seconds, so that the user can stop a receiver if each of its
-  // positions opens a message box.
+  // Checks whether an event is due, and raises it: on the event loop, so that the windows respond
+  // between two events of a fast device.
+  void Recheck() {
+    if (!isPaused_) timer_.start(0);
+  }
+  // Raises no event for three seconds, so that the user can stop a receiver whose positions show
+  // one message box after the other.
   void PauseEvents();
 
   bool Open(int port, int speed) override;
@@ -33,7 +36,10 @@ class SerialPort : public QObject, public SerialControl {
 
  private:
   void OnData();
-  void DiscardNewCharacters();
+  void DiscardNewCharacters() {
+    arrived_.clear();
+    device_.Discard();
+  }
 
   SerialDevice device_{[this] { OnData(); }};
   std::string buffer_;   // receive buffer

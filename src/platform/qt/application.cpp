@@ -9,9 +9,7 @@
 #include <algorithm>
 
 #include "gps/nmea_receiver.h"
-#include "platform/qt/pointing_window.h"
-#include "platform/qt/results_window.h"
-#include "platform/qt/setup_window.h"
+#include "platform/qt/other_windows.h"
 #include "sites/listing/listing.h"
 #include "workspace/events/start_and_exit.h"
 
@@ -37,10 +35,8 @@ Application::Application() {
 }
 
 void Application::AddKeys(FramedWindow& window) {
-  auto* help = new QShortcut(Qt::Key_F1, &window);
-  QObject::connect(help, &QShortcut::activated, &window, [this] { OpenManual(); });
-  auto* next = new QShortcut(Qt::Key_F6, &window);
-  QObject::connect(next, &QShortcut::activated, &window, [this, &window] {
+  new QShortcut(Qt::Key_F1, &window, [this] { OpenManual(); });
+  new QShortcut(Qt::Key_F6, &window, [this, &window] {
     const std::vector<FramedWindow*> cycle = VisibleWindows();
     const auto at = std::find(cycle.begin(), cycle.end(), &window);
     (at == cycle.end() || at + 1 == cycle.end() ? cycle.front() : *(at + 1))->BringToFront();

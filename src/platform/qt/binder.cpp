@@ -130,8 +130,7 @@ QLineEdit* Binder::Make(const char* name, TextBox& control) const {
                    [edit, &control] { control.text = SanitizedText(edit); });
   edit->onLeftClick = CommandOf(name, UserAction::Click);
   if (const Event* event = FindEvent(windowName_, name, UserAction::Click)) {
-    auto* shortcut = new QShortcut(QKeySequence(event->key), window_);
-    QObject::connect(shortcut, &QShortcut::activated, edit, [edit] {
+    new QShortcut(QKeySequence(event->key), window_, [edit] {
       edit->setFocus();
       edit->onLeftClick();
     });

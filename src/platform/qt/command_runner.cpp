@@ -19,9 +19,3 @@ bool CommandRunner::Run(const Event& event) {
   const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
   return Run(event.run);
 }
-
-void CommandRunner::Refresh() {
-  // By index: a refresher may create a window, which adds refreshers.
-  for (std::size_t i = 0; i < refreshers_.size(); ++i)  // NOLINT(modernize-loop-convert)
-    refreshers_[i]();
-}

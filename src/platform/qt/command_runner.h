@@ -1,8 +1,8 @@
 // Runs the user's commands on the record, one at a time, and refreshes the windows after each.
 #pragma once
 
-#include <deque>
 #include <functional>
+#include <list>
 #include <utility>
 
 #include "workspace/events/event_table.h"
@@ -23,12 +23,14 @@ class CommandRunner {
   std::function<void()> onIdle;
 
   // Makes the windows show the record.
-  void Refresh();
+  void Refresh() {
+    for (const auto& refresh : refreshers_) refresh();
+  }
   // Calls `refresh` on every Refresh, including one that is running.
   void AddRefresher(std::function<void()> refresh) { refreshers_.push_back(std::move(refresh)); }
 
  private:
-  // A deque, because a refresh may create a window, which adds refreshers while others run.
-  std::deque<std::function<void()>> refreshers_;
+  // A list, because a refresh may create a window, which adds refreshers while others run.
+  std::list<std::function<void()>> refreshers_;
   bool busy_ = false;
 };

@@ -1,4 +1,4 @@
-#include "platform/qt/pointing_window.h"
+#include "platform/qt/other_windows.h"
 
 #include <QApplication>
 #include <QGridLayout>

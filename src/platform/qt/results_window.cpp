@@ -1,4 +1,4 @@
-#include "platform/qt/results_window.h"
+#include "platform/qt/other_windows.h"
 
 #include <QBoxLayout>
 #include <QFontDatabase>

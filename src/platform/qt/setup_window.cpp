@@ -1,4 +1,4 @@
-#include "platform/qt/setup_window.h"
+#include "platform/qt/other_windows.h"
 
 #include <QGridLayout>
 #include <QShowEvent>
@@ -11,6 +11,8 @@ namespace {
 class SetUpWindowView : public RecordWindow<SetUpWindow> {
  public:
   explicit SetUpWindowView(CommandRunner& runner) : RecordWindow(runner, runner.w.SetUpCom) {
+    QComboBox* ports = WidgetOf(&SetUpWindow::CPort);
+    QPlainTextEdit* message = WidgetOf(&SetUpWindow::Text1);
     auto* grid = new QGridLayout(this);
     int column = 0;
     for (const auto& [caption, control] : {std::pair(&SetUpWindow::Label2, &SetUpWindow::CPort),
@@ -25,35 +27,30 @@ class SetUpWindowView : public RecordWindow<SetUpWindow> {
     }
     auto* open = WidgetOf(&SetUpWindow::Command1);
     grid->addWidget(open, 2, 0, 1, 2, Qt::AlignCenter);
-    grid->addWidget(message_, 3, 0, 1, 2);
-    message_->setAccessibleName("Message");
-    SetPlainFrame(message_);
-    setFocusProxy(ports_);
+    grid->addWidget(message, 3, 0, 1, 2);
+    message->setAccessibleName("Message");
+    SetPlainFrame(message);
+    setFocusProxy(ports);
     SetDefaultButton(open);
     // Leaves out the minimise and maximise buttons, so that the title fits.
     setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
-    runner.AddRefresher([this] { ShowDevices(); });
+    runner.AddRefresher([ports, message] {
+      // The tool tip of each port is its device; the number of the port follows "COM".
+      for (int i = 0; i < ports->count(); ++i)
+        ports->setItemData(i, DeviceOf(ports->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
+      // Without a stored setting the start writes "1" into the box, which names no port.
+      const bool isPort = ports->currentText().startsWith("COM", Qt::CaseInsensitive);
+      message->setPlaceholderText(isPort ? "" : "Choose a COM port, such as COM9.");
+    });
   }
 
  private:
   // Typing replaces the port.
   void showEvent(QShowEvent* event) override {
     RecordWindow::showEvent(event);
-    if (!event->spontaneous()) ports_->lineEdit()->selectAll();
+    if (!event->spontaneous()) WidgetOf(&SetUpWindow::CPort)->lineEdit()->selectAll();
   }
-
-  // The tool tip of each port is its device; the number of the port follows "COM".
-  void ShowDevices() {
-    for (int i = 0; i < ports_->count(); ++i)
-      ports_->setItemData(i, DeviceOf(ports_->itemText(i).mid(3).toInt()), Qt::ToolTipRole);
-    // Without a stored setting the start writes "1" into the box, which names no port.
-    const bool isPort = ports_->currentText().startsWith("COM", Qt::CaseInsensitive);
-    message_->setPlaceholderText(isPort ? "" : "Choose a COM port, such as COM9.");
-  }
-
-  QComboBox* const ports_ = WidgetOf(&SetUpWindow::CPort);
-  QPlainTextEdit* const message_ = WidgetOf(&SetUpWindow::Text1);
 };
 
 }  // namespace

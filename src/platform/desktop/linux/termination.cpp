@@ -12,10 +12,8 @@ namespace {
 int wakeUp = -1;
 
 // Wakes the event loop by a write to a file, one of the few calls allowed in a signal handler.
-void OnSignal(int signal) {
+void OnSignal(int /*signal*/) {
   const int errorOfInterruptedCode = errno;
-  // SIGTERM and SIGHUP keep the handler: the end of a session sends several of them.
-  if (signal == SIGINT) std::signal(SIGINT, SIG_DFL);
   (void)eventfd_write(wakeUp, 1);
   errno = errorOfInterruptedCode;
 }
@@ -30,5 +28,12 @@ void OnTermination(const std::function<void()>& end) {
     notifier->setEnabled(false);
     end();
   });
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, OnSignal);
+  // The end of a session sends SIGTERM and SIGHUP several times.
+  struct sigaction action {};
+  action.sa_handler = OnSignal;
+  action.sa_flags = SA_RESTART;
+  sigaction(SIGTERM, &action, nullptr);
+  sigaction(SIGHUP, &action, nullptr);
+  action.sa_flags |= SA_RESETHAND;  // a second Ctrl+C ends a program that hangs
+  sigaction(SIGINT, &action, nullptr);
 }

@@ -62,8 +62,7 @@ SerialDevice::~SerialDevice() {
 bool SerialDevice::Open(const QString& device, int speed) {
   system_->port = CreateFileW(device.toStdWString().c_str(), GENERIC_READ, 0, nullptr,
                               OPEN_EXISTING, 0, nullptr);
-  if (!IsOpen()) return false;
-  if (!SetUp(system_->port, speed)) {
+  if (!IsOpen() || !SetUp(system_->port, speed)) {
     Close();
     return false;
   }
