@@ -132,13 +132,14 @@ inline void CheckRecord(const Workspace& w, std::size_t inputSize) {
     for (const float number : {window.left, window.top, window.width, window.height})
       Require(std::isfinite(number), "positions of windows are finite");
   });
-  const ListEntries& entries = w.ShowList.PR.items;
-  for (std::size_t i = 0; i < entries.size(); ++i)
-    Require(entries[i].size() <= kEntryLength, "entries have 28 characters at most");
-  for (const double number : {w.Lat, w.Lon, w.BaseLat, w.BaseLong, w.Resolution, w.Baseresolution,
-                              w.Dist.number, w.BearUncert.number, w.DistUncert.number})
+  const auto& entries = w.ShowList.PR.items;
+  for (const ListEntry& entry : entries)
+    Require(entry.length <= kEntryLength, "entries have 28 characters at most");
+  for (const double number :
+       {w.Lat, w.Lon, w.BaseLat, w.BaseLong, w.Resolution, w.Baseresolution, w.Dist.value_or(0),
+        w.BearUncert.value_or(0), w.DistUncert.value_or(0)})
     Require(std::isfinite(number), "numbers are finite");
-  for (const double bearing : {w.Bearing.number, w.Backbearing.number})
+  for (const double bearing : {w.Bearing.value_or(0), w.Backbearing.value_or(0)})
     Require(bearing >= 0 && bearing <= 360, "bearings are from 0 to 360 degrees");
   Require(w.BearingCalc.C.operations.size() <= 10, "the compass is drawn once");
   const std::vector<std::string>& ports = w.SetUpCom.CPort.items;
@@ -161,7 +162,7 @@ inline double DistanceTo(const Workspace& w, std::string reference, double& cell
   r.BaseLong = w.Lon;
   DistBear(r);
   cell = r.Resolution;
-  return r.Dist;
+  return *r.Dist;
 }
 
 // After a command that showed a place: requires that calculated references are well formed and

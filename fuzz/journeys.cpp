@@ -59,7 +59,8 @@ void Act(Program& program, const std::string& line) {
   if (key == '!') program.platform.faults = {.failAt = number};
   if (key == 'X')
     EachWindow(w, [&](WindowName name, const char*, const auto& window) {
-      if (static_cast<int>(name) == number && window.loaded) CloseFrameEvent(name).run(w);
+      if (static_cast<int>(name) == number && window.loaded)
+        FindEvent(name, "", UserAction::CloseFrame)->run(w);
     });
   const int entries = w.ShowList.visible ? static_cast<int>(w.ShowList.PR.items.size()) : 0;
   if ((key != 'Q' && key != 'P') || number < 0 || number >= entries) return;

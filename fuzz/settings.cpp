@@ -22,8 +22,8 @@ void Try(const std::string& input) {
   const auto start = [&] {
     program.Start();
     CheckRecord(w, input.size());
-    if (IsTrue(w.BaseSet)) CheckPlace(w);
-    return std::tuple(IsTrue(w.BaseSet), w.BaseLat, w.BaseLong);
+    if (w.BaseSet == kTrue) CheckPlace(w);
+    return std::tuple(w.BaseSet == kTrue, w.BaseLat, w.BaseLong);
   };
   const auto [isSet, latitude, longitude] = start();
   (void)program.platform.ContainsFile(w.Tarnwick.LocDatabase.text, ".jpg");

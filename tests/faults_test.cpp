@@ -16,7 +16,6 @@
 #include "platform/headless/headless.h"
 #include "sites/listing/listing.h"
 #include "sites/lookup/lookup.h"
-#include "sites/lookup/results.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/events/start_and_exit.h"
 

@@ -13,7 +13,6 @@
 
 #include "escaped_text.h"
 #include "gps/nmea_receiver.h"
-#include "platform/drive_paths.h"
 #include "platform/headless/headless.h"
 #include "record_printer.h"
 #include "workspace/events/event_table.h"
@@ -82,7 +81,7 @@ bool Select(Workspace& w, std::string_view row) {
 
 void CloseByFrame(Workspace& w, std::string_view window) {
   EachWindow(w, [&](WindowName name, const char* title, const auto& state) {
-    if (window == title && state.loaded) CloseFrameEvent(name).run(w);
+    if (window == title && state.loaded) FindEvent(name, "", UserAction::CloseFrame)->run(w);
   });
 }
 

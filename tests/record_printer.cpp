@@ -38,7 +38,7 @@ std::string Value(double number) {
   return NumberValue(number, std::chars_format::general, 17);
 }
 std::string Value(const UntypedValue& value) {
-  return value.empty ? "" : Value(value.number);
+  return value ? Value(*value) : "";
 }
 
 // A blank, then a coordinate of a picture with at most four decimal places.

@@ -113,9 +113,9 @@ TEST_F(Database, ReadsAndFindsWhatAPlainSearchDoes) {
       w.Tarnwick.InputText.text = sought;
       w.ShowList.PR.items = {};
       Lookup_Click(w);
-      ListEntries listed;
+      std::deque<ListEntry> listed;
       for (const std::string& line : lines)
-        if (PlainlyMatches(std::string(line), sought)) listed.Add(line.substr(0, 28));
+        if (PlainlyMatches(std::string(line), sought)) listed.emplace_back(line.substr(0, 28));
       ASSERT_EQ(w.ShowList.PR.items, listed) << round << ", " << sought;
       w.sitename.clear();
       FindIt_Click(w);
@@ -159,9 +159,10 @@ TEST_F(Database, ASecondLookupAddsToThousandsOfEntries) {
   Write(content);
   Lookup_Click(w);
   Lookup_Click(w);
-  const ListEntries& entries = w.ShowList.PR.items;
+  const auto& entries = w.ShowList.PR.items;
   ASSERT_EQ(entries.size(), 3000U);
-  for (std::size_t i = 0; i < entries.size(); ++i) EXPECT_EQ(entries[i], std::to_string(i % 1500));
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    EXPECT_EQ(std::string_view(entries[i]), std::to_string(i % 1500));
 }
 
 // The sample database that is installed: every site is in Great Britain, and no name occurs twice.

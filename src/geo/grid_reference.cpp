@@ -15,10 +15,11 @@ char LetterOf(int index) {
   return static_cast<char>(index < 'I' - 'A' ? 'A' + index : 'B' + index);
 }
 
-// Size in metres of one unit of the last digit, by the number of digits; 0 above 5 digits.
-int UnitOf(std::size_t digits) {
-  static constexpr int kUnits[] = {100000, 10000, 1000, 100, 10, 1};
-  return digits < 6 ? kUnits[digits] : 0;
+// Returns the two letters of a square. Column and row count from 0 at the south-west square SV.
+std::string SquareLetters(int column, int row) {
+  const int first = 'R' - 'A' - 5 * (row / 5) + column / 5;
+  const int second = 5 * (4 - row % 5) + column % 5;
+  return {LetterOf(first), LetterOf(second)};
 }
 
 // One axis of a reference.
@@ -38,8 +39,8 @@ AxisReference RoundToReference(double coordinate, int unit) {
 }
 
 // Overwrites `count` characters with a number of at most `count` digits, padded with zeros.
-void WriteDigits(char* to, int count, int number) {
-  for (int i = count; i-- > 0; number /= 10) to[i] = static_cast<char>('0' + number % 10);
+void WriteDigits(char* to, std::size_t count, int number) {
+  for (std::size_t i = count; i-- > 0; number /= 10) to[i] = static_cast<char>('0' + number % 10);
 }
 
 // Writes an easting and a northing, m, into EastNorth: "E: 531979 , N: 179607".
@@ -57,17 +58,15 @@ std::pair<int, int> SquareCorner(char firstLetter, char secondLetter) {
           1900000 - (first / 5) * 500000 - (second / 5) * 100000};
 }
 
-std::array<char, 2> SquareLetters(int column, int row) {
-  const int first = 'R' - 'A' - 5 * (row / 5) + column / 5;
-  const int second = 5 * (4 - row % 5) + column % 5;
-  return {LetterOf(first), LetterOf(second)};
+std::size_t DigitsFor(double resolution) {
+  if (resolution < 0.01) return 5;
+  if (resolution < 0.1) return 4;
+  return resolution <= 2 ? 3 : 2;
 }
 
-GridPrecision PrecisionFor(double resolution) {
-  if (resolution < 0.01) return {1, 5};
-  if (resolution < 0.1) return {10, 4};
-  if (resolution <= 2) return {100, 3};
-  return {1000, 2};
+int UnitOf(std::size_t digits) {
+  static constexpr int kUnits[] = {100000, 10000, 1000, 100, 10, 1};
+  return digits < 6 ? kUnits[digits] : 0;
 }
 
 void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& Resolution) {
@@ -95,27 +94,26 @@ void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon) {
 }
 
 std::string GridReferenceOf(double easting, double northing, double resolution) {
-  const auto [unit, digits] = PrecisionFor(resolution);
+  const std::size_t digits = DigitsFor(resolution);
+  const int unit = UnitOf(digits);
   const AxisReference east = RoundToReference(easting, unit);
   const AxisReference north = RoundToReference(northing, unit);
-  const std::array<char, 2> letters = SquareLetters(east.square, north.square);
-  std::string ngr(2 + 2 * static_cast<std::size_t>(digits) + 1, ' ');
-  ngr[0] = letters[0];
-  ngr[1] = letters[1];
+  std::string ngr = SquareLetters(east.square, north.square);
+  ngr.resize(2 + 2 * digits + 1, ' ');
   WriteDigits(ngr.data() + 2, digits, east.units);
   WriteDigits(ngr.data() + 2 + digits + 1, digits, north.units);
   return ngr;
 }
 
 void GenNGR(Workspace& w, double LatIn, double LonIn, std::string& ngr) {
-  if (!IsInGridBox(LatIn, LonIn)) {
+  if (LatIn < 49 || LatIn > 61 || LonIn < -8 || LonIn > 1.8) {
     ngr.clear();
     return;
   }
   double easting = 0;
   double northing = 0;
   WGS84ToGrid(LatIn, LonIn, easting, northing);
-  if (!IsOnGrid(easting, northing)) {
+  if (!(easting > 0 && easting <= kEastEdge && northing > 0 && northing <= kNorthEdge)) {
     ngr = "Not valid";
     return;
   }

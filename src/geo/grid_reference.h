@@ -4,7 +4,7 @@
 // Britain".
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,18 +17,12 @@ inline constexpr int kSquareSide = 100000;  // m
 // letters off the grid. Letters are A to Z; the grid alphabet has no I, and an I counts as J.
 std::pair<int, int> SquareCorner(char firstLetter, char secondLetter);
 
-// Returns the two letters of a square. Column and row count from 0 at the south-west square SV.
-std::array<char, 2> SquareLetters(int column, int row);
+// Returns the number of digits in each half of a reference that the accuracy of a place, km,
+// justifies: 2 above 2 km, 3 from 0.1 km on, 4 from 0.01 km on, else 5.
+std::size_t DigitsFor(double resolution);
 
-// How fine the digits of a reference are.
-struct GridPrecision {
-  int unit;    // m
-  int digits;  // in the easting, and as many in the northing
-};
-
-// Returns the precision that the accuracy of a place, km, justifies: 2 digits above 2 km, 3 from
-// 0.1 km on, 4 from 0.01 km on, else 5.
-GridPrecision PrecisionFor(double resolution);
+// Returns the size, m, of one unit of the last of so many digits; 0 above 5 digits.
+int UnitOf(std::size_t digits);
 
 // Reads a grid reference: the south-west corner of the cell that it names.
 // In   ngr                upper case, no blanks: two letters, four digits, and anything after them.
@@ -46,15 +40,15 @@ void NGRToGrid(std::string_view ngr, double& easting, double& northing, double& 
 //         OSMap (the letters and the first digit of each half, which name the 10 km square).
 void DecodeNGR(Workspace& w, const std::string& ngr, double& Lat, double& Lon);
 
-// Returns the reference of a position on the grid, m, with the digits of PrecisionFor(resolution,
+// Returns the reference of a position on the grid, m, with the digits of DigitsFor(resolution,
 // in km), such as "TQ3198 7961". The digits are rounded; a tie goes to the even digit. A
 // coordinate that rounds up to the edge of a square carries into the next square.
 std::string GridReferenceOf(double easting, double northing, double resolution);
 
 // Writes the grid reference of a place by GridReferenceOf.
 // In      LatIn, LonIn  degrees on WGS84
-// Out     ngr           such as "TQ3198 7961"; empty outside IsInGridBox; "Not valid" inside that
-//                       box but outside IsOnGrid
+// Out     ngr           such as "TQ3198 7961"; empty outside the box from 49 to 61 N and from 8 W
+//                       to 1.8 E; "Not valid" inside it but beyond kEastEdge or kNorthEdge
 // Reads   Resolution (km).
 // Writes  EastNorth (m) and the caption of OSMap (the 10 km square of the reference), only if the
 //         place is on the grid.

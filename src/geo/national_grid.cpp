@@ -120,11 +120,3 @@ void GridToWGS84(double easting, double northing, double& Lat, double& Lon) {
                                                        y2 * y2 * y2 * y * XIIA);
   AiryToWGS84(Finite(lat), Finite(lon), Lat, Lon);
 }
-
-bool IsInGridBox(double Lat, double Lon) {
-  return !(Lat < 49 || Lat > 61 || Lon < -8 || Lon > 1.8);
-}
-
-bool IsOnGrid(double easting, double northing) {
-  return easting > 0 && easting <= kEastEdge && northing > 0 && northing <= kNorthEdge;
-}

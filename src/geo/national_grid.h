@@ -11,13 +11,6 @@ void WGS84ToGrid(double Lat, double Lon, double& easting, double& northing);
 // Out  Lat, Lon           degrees on WGS84, always finite
 void GridToWGS84(double easting, double northing, double& Lat, double& Lon);
 
-// Whether a place (degrees on WGS84) is from 49 to 61 N and from 8 W to 1.8 E. Other places have no
-// grid reference.
-bool IsInGridBox(double Lat, double Lon);
-
-// The limits of the grid, m.
+// The grid extends from 0 to these limits, m.
 inline constexpr double kEastEdge = 700000;
 inline constexpr double kNorthEdge = 1400000;
-
-// Whether an easting and a northing, m, are above 0 and not above these limits.
-bool IsOnGrid(double easting, double northing);

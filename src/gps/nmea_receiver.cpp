@@ -1,6 +1,7 @@
 #include "gps/nmea_receiver.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "workspace/commands/use_this.h"
@@ -19,30 +20,21 @@ std::string WithInserted(std::string text, std::size_t at, const char* inserted)
   return text.insert(std::min(at, text.size()), inserted);
 }
 
-// The fields of a sentence as they are shown.
-struct RmcFields {
-  std::string time;       // 12:35:19
-  std::string latitude;   // 48 07.038N
-  std::string longitude;  // 011 31.000E
-};
-
-// Reads the fields of a sentence that begins with "RMC". After the last comma the search restarts
-// at the beginning, so a truncated sentence repeats its first fields.
-RmcFields ParseRmc(const std::string& sentence) {
-  RmcFields fields;
-  std::string field;
+// The position and time of a sentence that begins with "RMC", as InputText shows them. After the
+// last comma the search restarts at the beginning, so a truncated sentence repeats its first
+// fields.
+std::string PlaceAndTimeOf(const std::string& sentence) {
+  std::array<std::string, 7> fields;
   std::size_t start = 0;
-  for (int number = 1; number <= 10; ++number) {
+  for (std::size_t i = 1; i < fields.size(); ++i) {
     start = sentence.find(',', start) + 1;  // npos + 1 is 0
     const std::size_t end = sentence.find(',', start);
-    if (end != std::string::npos && end > start) field = sentence.substr(start, end - start);
-    if (number == 1) fields.time = WithInserted(WithInserted(field.substr(0, 6), 2, ":"), 5, ":");
-    if (number == 3) fields.latitude = WithInserted(field, 2, " ");
-    if (number == 4) fields.latitude += field;
-    if (number == 5) fields.longitude = WithInserted(field, 3, " ");
-    if (number == 6) fields.longitude += field;
+    const bool hasField = end != std::string::npos && end > start;
+    fields[i] = hasField ? sentence.substr(start, end - start) : fields[i - 1];
   }
-  return fields;
+  const std::string time = WithInserted(WithInserted(fields[1].substr(0, 6), 2, ":"), 5, ":");
+  return WithInserted(fields[3], 2, " ") + fields[4] + " " + WithInserted(fields[5], 3, " ") +
+         fields[6] + "          [ " + time + " UTC ]";
 }
 
 }  // namespace
@@ -57,9 +49,7 @@ void MSComm1_OnComm(Workspace& w) {
   if (start == std::string::npos) return;
   const std::string sentence = text.substr(start, kSentenceLength);
   if (sentence.size() < kShortestText) return;
-  const RmcFields fields = ParseRmc(sentence);
-  w.Tarnwick.InputText.text =
-      fields.latitude + " " + fields.longitude + "          [ " + fields.time + " UTC ]";
+  w.Tarnwick.InputText.text = PlaceAndTimeOf(sentence);
   FindIt_Click(w);
 }
 

@@ -26,7 +26,6 @@ int SpeedOf(std::string_view text) {
 }  // namespace
 
 void Form_Load(Workspace& w) {
-  if (w.SetUpCom.loaded) return;
   w.SetUpCom.loaded = true;
   SerialControl& serial = w.platform.Serial();
   ComboBox& ports = w.SetUpCom.CPort;

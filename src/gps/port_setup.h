@@ -5,9 +5,9 @@
 
 namespace SetUpCom {
 
-// Loads the window without showing it; does nothing if it is loaded already. Tries to open each
-// port from COM1 to COM32, closes it again and lists in CPort those that opened. The text of CPort
-// becomes the first entry, or empty if there is none.
+// Loads the window without showing it, at the start. Tries to open each port from COM1 to COM32,
+// closes it again and lists in CPort those that opened. The text of CPort becomes the first entry,
+// or empty if there is none.
 void Form_Load(Workspace& w);
 
 // Opens the port whose number follows the first three characters of CPort, at the speed in Baud,

@@ -1,7 +1,5 @@
 #include "gps/real_time.h"
 
-#include "gps/port_setup.h"
-
 namespace {
 
 void ClosePort(Workspace& w) {
@@ -19,7 +17,6 @@ void UseNMEA_Click(Workspace& w) {
     w.Tarnwick.UseNMEA.caption = kResumeCaption;
     return;
   }
-  SetUpCom::Form_Load(w);
   w.SetUpCom.visible = true;
   w.platform.SetFocus(WindowName::SetUpCom);
   w.RealTime = kTrue;

@@ -1,40 +1,41 @@
 #include "platform/code_page.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
-#include <iterator>
 
 namespace {
 
 // Unicode code points of the codes 0x80 to 0x9F. Every other code equals its code point.
-constexpr std::array<char16_t, 32> kCodePoints80To9F = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::u32string_view kCodePoints80To9F =
+    U"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+    U"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
 
-// Characters that people paste into coordinates, and the single-byte character that replaces each.
+// Characters that people paste into coordinates, and the single-byte character that replaces them.
 constexpr struct {
-  char32_t character;
+  std::u32string_view characters;
   char replacement;
 } kReplacements[] = {
-    {0x02B9, '\''},   {0x02BC, '\''}, {0x02BA, '"'}, {0x2032, '\''}, {0x2033, '"'}, {0x2035, '\''},
-    {0x2036, '"'},    {0x2010, '-'},  {0x2011, '-'}, {0x2012, '-'},  {0x2212, '-'}, {0x2002, ' '},
-    {0x2003, ' '},    {0x2007, ' '},  {0x2009, ' '}, {0x200A, ' '},  {0x202F, ' '}, {0x3000, ' '},
-    {0x02DA, '\xB0'}, {0x2215, '/'},  {0x2044, '/'}, {0xFF0C, ','},  {0xFF0E, '.'},
+    {U"\u02B9\u02BC\u2032\u2035", '\''},
+    {U"\u02BA\u2033\u2036", '"'},
+    {U"\u2010\u2011\u2012\u2212", '-'},
+    {U"\u2002\u2003\u2007\u2009\u200A\u202F\u3000", ' '},
+    {U"\u02DA", '\xB0'},
+    {U"\u2215\u2044", '/'},
+    {U"\uFF0C", ','},
+    {U"\uFF0E", '.'},
 };
 
-void AppendUtf8(std::string& text, char16_t code) {
+void AppendUtf8(std::string& text, char32_t code) {
   if (code < 0x80) {
     text += static_cast<char>(code);
-  } else if (code < 0x800) {
+    return;
+  }
+  if (code < 0x800) {
     text += static_cast<char>(0xC0 | code >> 6);
-    text += static_cast<char>(0x80 | (code & 0x3F));
   } else {
     text += static_cast<char>(0xE0 | code >> 12);
     text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (code & 0x3F));
   }
+  text += static_cast<char>(0x80 | (code & 0x3F));
 }
 
 // Removes the first character from `rest` and returns it; returns 0xFFFD for invalid UTF-8.
@@ -56,13 +57,11 @@ char32_t TakeCharacter(std::string_view& rest) {
 char SingleByte(char32_t character) {
   const bool sameCode = character < 0x80 || (character >= 0xA0 && character <= 0xFF);
   if (sameCode) return static_cast<char>(character);
-  const auto& codePoints = kCodePoints80To9F;
-  const auto* const code = std::find(codePoints.begin(), codePoints.end(), character);
-  if (code != codePoints.end()) return static_cast<char>(0x80 + (code - codePoints.begin()));
-  const auto* const near =
-      std::find_if(std::begin(kReplacements), std::end(kReplacements),
-                   [=](const auto& row) { return row.character == character; });
-  return near == std::end(kReplacements) ? '?' : near->replacement;
+  const std::size_t code = kCodePoints80To9F.find(character);
+  if (code != kCodePoints80To9F.npos) return static_cast<char>(0x80 + code);
+  for (const auto& [characters, replacement] : kReplacements)
+    if (characters.find(character) != characters.npos) return replacement;
+  return '?';
 }
 
 }  // namespace

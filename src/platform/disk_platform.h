@@ -1,10 +1,22 @@
-// The part of a platform that reads and writes the files on disk.
+// The part of a platform that reads and writes the files on disk, and paths with a drive letter on
+// a system without drives: c:\geog\Sites.dat is the file geog/Sites.dat in a folder that represents
+// drive c:. Below such a folder the case of letters makes no difference.
 #pragma once
 
 #include <filesystem>
 #include <vector>
 
 #include "platform/platform.h"
+
+// Converts single-byte text to a path of the system.
+std::filesystem::path SystemPath(std::string_view path);
+
+// Returns the file or folder that a path names. A path without a drive letter is a path of the
+// system and is only converted. A part that does not exist, such as the name of a file to be
+// created, keeps its case.
+// In  driveC  the folder that represents drive c:; drive_d and so on are beside it
+//     path    single-byte text, parts separated by \ or /
+std::filesystem::path NativePath(const std::filesystem::path& driveC, const std::string& path);
 
 struct DiskPlatform : Platform {
   // Returns the files or folders that a path may name; at least one. The first is the one to create

@@ -3,19 +3,13 @@
 #include "geo/trigonometry.h"
 #include "workspace/values/rounding.h"
 
-namespace {
-
-using Kind = DrawOperation::Kind;
-
-constexpr Rgb kBackground{250, 250, 180};
-
-}  // namespace
-
 void Draw(Workspace& w) {
+  using Kind = DrawOperation::Kind;
+  constexpr Rgb kBackground{250, 250, 180};
   PictureBox& c = w.BearingCalc.C;
   c.back = kBackground;
   c.operations.clear();
-  const double angle = (90 - w.Bearing) / kDegreesPerRadian;
+  const double angle = (90 - w.Bearing.value_or(0)) / kDegreesPerRadian;
   c.operations.push_back({.kind = Kind::Line,
                           .x2 = ToSingle(Cosine(angle)),
                           .y2 = ToSingle(-Sine(angle)),

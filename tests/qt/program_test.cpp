@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/desktop/qt_text.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 
 ScratchTest::ScratchTest() {
   // Or the files of an installed copy would be read.

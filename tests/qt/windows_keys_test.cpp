@@ -35,8 +35,8 @@ TEST_F(WindowsKeys, TabGoesThroughTheControlsInReadingOrder) {
               {PortSetUp(), "CPort Baud Command1 Text1 "},
               {Results(), "PR OK "},
               {Main(),
-               "MinDisttext MaxDistText FromBearText ToBearText MakeList Srchtext ListFileName "
-               "ShowAll LocDatabase InputText LocText NGRText EastNorth Gmap OSMap UseNMEA "
+               "MinDisttext MaxDistText FromBearText ToBearText Srchtext ListFileName ShowAll "
+               "MakeList LocDatabase InputText LocText NGRText EastNorth Gmap OSMap UseNMEA "
                "LocSites LLText LLfmt SaveOnExit "}};
   for (const auto& [window, order] : rows) {
     Activate(window);

@@ -4,7 +4,7 @@
 
 #include "platform/qt/change_origin.h"
 #include "program_test.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 
 namespace {
 

@@ -40,8 +40,17 @@ struct HeadlessSerial : SerialControl {
   std::string arrived;  // characters that are not yet in the buffer
   std::string buffer;   // receive buffer
 
-  bool Open(int port, int speed) override;
-  void Close() override;
+  bool Open(int port, int speed) override {
+    if (faults.Fails("Open") || open || ports.count(port) == 0) return false;
+    openSpeed = speed;
+    open = true;
+    return true;
+  }
+  void Close() override {
+    open = false;
+    arrived.clear();
+    buffer.clear();
+  }
   bool IsOpen() const override { return open; }
   std::string Input() override { return std::exchange(buffer, {}); }
 };
@@ -74,16 +83,26 @@ struct HeadlessPlatform : DiskPlatform {
   HeadlessSerial serial{faults};
 
   std::string ReadSetting(const std::string& section, const std::string& key,
-                          const std::string& otherwise) override;
+                          const std::string& otherwise) override {
+    const auto at = settings.find(section + "/" + key);
+    return faults.Fails("ReadSetting") || at == settings.end() ? otherwise : at->second.text;
+  }
   void StoreSetting(const std::string& section, const std::string& key,
-                    const std::string& text) override;
-  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override;
+                    const std::string& text) override {
+    if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
+  }
+  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override {
+    return {NativePath(driveC, path)};
+  }
   bool ContainsFile(const std::string& folder, std::string_view ending) override;
   std::unique_ptr<File> OpenToRead(const std::string& path) override;
   std::unique_ptr<File> OpenToWrite(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
   void MsgBox(const std::string& text) override { events.push_back("MsgBox " + text); }
-  bool Shell(const std::string& command, WindowStyle style) override;
+  bool Shell(const std::string& command, WindowStyle /*style*/) override {
+    events.push_back("Shell " + command);
+    return !faults.Fails("Shell");
+  }
   void SetFocus(WindowName /*window*/) override {}
   std::chrono::year_month_day Today() override { return today; }
   SerialControl& Serial() override { return serial; }

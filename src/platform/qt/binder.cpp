@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 

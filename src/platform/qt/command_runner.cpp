@@ -2,14 +2,12 @@
 
 #include <QApplication>
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 bool CommandRunner::Run(const std::function<void(Workspace&)>& command) {
   if (busy_) return false;
-  {
-    const QScopedValueRollback<bool> busy(busy_, true);
-    command(w);
-  }
+  busy_ = true;
+  command(w);
+  busy_ = false;
   Refresh();
   if (onIdle) onIdle();
   return true;

@@ -1,5 +1,6 @@
 #include "platform/qt/framed_window.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -10,7 +11,6 @@
 #include <cmath>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 
@@ -22,10 +22,19 @@ float ToTwips(int pixels) {
   return static_cast<float>(pixels) * kTwipsPerPixel;
 }
 
+// Without these roles Qt reports the windows and the picture as "filler".
+QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
+  if (auto* window = dynamic_cast<FramedWindow*>(object))
+    return new QAccessibleWidget(window, QAccessible::Window);
+  if (auto* picture = dynamic_cast<PictureView*>(object))
+    return new QAccessibleWidget(picture, QAccessible::Graphic);
+  return nullptr;
+}
+
 }  // namespace
 
 FramedWindow::FramedWindow(CommandRunner& runner, Window& state) : runner_(runner), state_(state) {
-  InstallAccessibleRoles();
+  QAccessible::installFactory(MakeInterface);
   EachWindow(runner.w, [this](WindowName name, const char* objectName, const Window& window) {
     if (&window != &state_) return;
     name_ = name;
@@ -112,7 +121,7 @@ void FramedWindow::ShowSize() {
 
 void FramedWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (runner_.Run(CloseFrameEvent(name_)) && onClosed) onClosed();
+  if (runner_.Run(*FindEvent(name_, "", UserAction::CloseFrame)) && onClosed) onClosed();
 }
 
 void FramedWindow::keyPressEvent(QKeyEvent* event) {
@@ -124,18 +133,19 @@ void FramedWindow::keyPressEvent(QKeyEvent* event) {
   if (button != nullptr && button->isVisible() && button->isEnabled()) button->click();
 }
 
-// A held access key or function key acts once: its repetitions are no shortcuts.
 bool FramedWindow::event(QEvent* event) {
+  // A held access key or function key acts once: its repetitions are no shortcuts.
   if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->isAutoRepeat())
     event->accept();
+  if (!event->spontaneous()) {
+    if (event->type() == QEvent::Move) position_.Request(geometry().topLeft());
+    if (event->type() == QEvent::Resize) size_.Request(size());
+    if (event->type() == QEvent::Show) {
+      isAppearing_ = true;
+      windowHandle()->installEventFilter(this);
+    }
+  }
   return QWidget::event(event);
-}
-
-void FramedWindow::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  if (event->spontaneous()) return;
-  isAppearing_ = true;
-  windowHandle()->installEventFilter(this);
 }
 
 // Watches the QWindow, because Qt passes a report on to the widget only if it changes the widget's
@@ -177,14 +187,4 @@ void FramedWindow::RecordUserResize() {
   if (!IsNormal() || !size_.IsUsers(size)) return;
   shown_.width = state_.width = ToTwips(size.width());
   shown_.height = state_.height = ToTwips(size.height());
-}
-
-void FramedWindow::moveEvent(QMoveEvent* event) {
-  QWidget::moveEvent(event);
-  if (!event->spontaneous()) position_.Request(geometry().topLeft());
-}
-
-void FramedWindow::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  if (!event->spontaneous()) size_.Request(size());
 }

@@ -5,11 +5,39 @@
 #include <memory>
 
 #include "platform/qt/binder.h"
-#include "platform/qt/change_origin.h"
 #include "workspace/record/control_tables.h"
 
 // A twip is 1/1440 inch, a logical pixel 1/96 inch.
 inline constexpr float kTwipsPerPixel = 15;
+
+// Decides whether the user or the program changed a window's position or size. The window system
+// reports each change. Its first report after a request of the program is the answer, with the
+// requested value or with one that the window manager chose. Any later report of another value is
+// a change by the user.
+template <class Value>
+class ChangeOrigin {
+ public:
+  // The program asked for a value, or the window manager is about to choose one.
+  void Request(const Value& value) {
+    requested_ = value;
+    answerIsDue_ = true;
+  }
+  // No answer is due any more.
+  void EndRequest() { answerIsDue_ = false; }
+  // Records a reported value and returns whether the user chose it.
+  bool IsUsers(const Value& value) {
+    const bool isUsers = !answerIsDue_ && value != requested_ && value != answered_;
+    answerIsDue_ = false;
+    answered_ = value;
+    if (isUsers) requested_ = value;
+    return isUsers;
+  }
+
+ private:
+  Value requested_{};
+  Value answered_{};
+  bool answerIsDue_ = false;
+};
 
 // The base class of the four windows.
 class FramedWindow : public QWidget {
@@ -44,9 +72,6 @@ class FramedWindow : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void moveEvent(QMoveEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-  void showEvent(QShowEvent* event) override;
 
   CommandRunner& runner_;
   Window& state_;

@@ -94,6 +94,16 @@ void SetMinimumWidthFor(QLineEdit* edit, const char* text) {
   edit->setMinimumWidth(width + kMargins + 2 * frame);
 }
 
+void Describe(QWidget* widget, const QString& text, bool isCalculated) {
+  QStringList parts;
+  if (isCalculated) parts << "Calculated.";
+  if (!text.isEmpty()) parts << text;
+  if (qEnvironmentVariableIsSet("TARNWICK_FIELD_NAMES")) parts << '[' + widget->objectName() + ']';
+  const QString description = parts.join(' ');
+  // Qt announces every call of the setter as a change.
+  if (widget->accessibleDescription() != description) widget->setAccessibleDescription(description);
+}
+
 void AddLabelled(QGridLayout* grid, QLabel* label, QLineEdit* field, int row, int column,
                  int fieldColumns) {
   label->setBuddy(field);

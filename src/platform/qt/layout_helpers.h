@@ -1,4 +1,4 @@
-// Widgets, sizes and fonts that several windows share.
+// Widgets, sizes, fonts and descriptions that several windows share.
 #pragma once
 
 #include <QFont>
@@ -53,6 +53,13 @@ void SetPlainFrame(QFrame* frame);
 
 // Makes a field wide enough for a text in its own font.
 void SetMinimumWidthFor(QLineEdit* edit, const char* text);
+
+// Sets the accessible description, which a screen reader reads after the widget's name: `text`,
+// preceded by "Calculated." if the program calculated what the widget shows. If the environment
+// variable TARNWICK_FIELD_NAMES is set, for scripts that look for controls, the widget's object
+// name in brackets follows. A label, a button and a check box take their accessible names from
+// their captions, a field from its label or from an accessible name of its own.
+void Describe(QWidget* widget, const QString& text, bool isCalculated = false);
 
 // Puts a label and the field that it names beside each other, the label in column `column`.
 void AddLabelled(QGridLayout* grid, QLabel* label, QLineEdit* field, int row, int column,

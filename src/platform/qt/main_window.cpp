@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/accessibility.h"
 
 namespace {
 
@@ -192,6 +191,8 @@ QWidget* MainWindowView::MakeListingPanel() {
     AddLabelled(grid, WidgetOf(label), WidgetOf(field), row, column, fieldColumns);
   grid->addWidget(WidgetOf(&MainWindow::MakeList), 2, 4);
   grid->addWidget(WidgetOf(&MainWindow::ShowAll), 4, 4);
+  // Tab goes through all limits first: what is typed on a button goes into the input box.
+  setTabOrder(WidgetOf(&MainWindow::ShowAll), WidgetOf(&MainWindow::MakeList));
   panel->hide();
   return panel;
 }

@@ -13,7 +13,7 @@
 // and no copies.
 class ResultsModel : public QAbstractListModel {
  public:
-  ResultsModel(const ListEntries& entries, QObject* parent)
+  ResultsModel(const std::deque<ListEntry>& entries, QObject* parent)
       : QAbstractListModel(parent), entries_(entries) {}
 
   int rowCount(const QModelIndex& parent) const override {
@@ -37,7 +37,7 @@ class ResultsModel : public QAbstractListModel {
   }
 
  private:
-  const ListEntries& entries_;
+  const std::deque<ListEntry>& entries_;
   int rowCount_ = 0;  // as last reported to the views
 };
 

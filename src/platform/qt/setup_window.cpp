@@ -1,6 +1,7 @@
 #include "platform/qt/setup_window.h"
 
 #include <QGridLayout>
+#include <QShowEvent>
 
 #include "platform/desktop/qt_text.h"
 #include "platform/desktop/serial_device.h"
@@ -36,6 +37,12 @@ class SetUpWindowView : public RecordWindow<SetUpWindow> {
   }
 
  private:
+  // Typing replaces the port.
+  void showEvent(QShowEvent* event) override {
+    RecordWindow::showEvent(event);
+    if (!event->spontaneous()) ports_->lineEdit()->selectAll();
+  }
+
   // The tool tip of each port is its device; the number of the port follows "COM".
   void ShowDevices() {
     for (int i = 0; i < ports_->count(); ++i)

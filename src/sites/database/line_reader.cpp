@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -35,13 +36,11 @@ bool ReadBlock(DatabaseHandle& database) {
 bool OpenDatabase(Workspace& w) {
   CloseDatabase(w);
   w.database.file = w.platform.OpenToRead(w.Tarnwick.LocDatabase.text);
-  if (w.database.file) {
-    w.database.buffer.resize(kReadStart + kReadSize + kBlockPadding);
-    ReadBlock(w.database);
-    if (!w.database.failed) return true;
-    CloseDatabase(w);
-  }
-  ReportMissingDatabase(w);
+  w.database.buffer.resize(kReadStart + kReadSize + kBlockPadding);
+  w.database.failed = !w.database.file;
+  if (w.database.file) ReadBlock(w.database);
+  if (!w.database.failed) return true;
+  CloseAndReportFailure(w);
   return false;
 }
 
@@ -72,11 +71,11 @@ bool ReadLine(DatabaseHandle& database, std::string_view& line) {
 }
 
 void CloseDatabase(Workspace& w) {
-  w.database.file.reset();
-  w.database.cursor = w.database.limit = kReadStart;
-  w.database.skipLineFeed = w.database.failed = false;
+  w.database = {.buffer = std::move(w.database.buffer)};
 }
 
-void ReportMissingDatabase(Workspace& w) {
-  w.platform.MsgBox("Site datbase not found");
+void CloseAndReportFailure(Workspace& w) {
+  const bool failed = w.database.failed;
+  CloseDatabase(w);
+  if (failed) w.platform.MsgBox("Site datbase not found");
 }

@@ -25,5 +25,5 @@ inline constexpr std::size_t kBlockPadding = 128;
 // Closes the handle; does nothing if the handle is closed.
 void CloseDatabase(Workspace& w);
 
-// Shows the message for a database that is missing or cannot be read.
-void ReportMissingDatabase(Workspace& w);
+// Closes the handle. If opening the file or a read failed, then shows "Site datbase not found".
+void CloseAndReportFailure(Workspace& w);

@@ -106,11 +106,7 @@ const char* FindLineWithoutTilde(const char* at, const char* end) {
 
 // Returns the start of the line that contains `at`, or `from` if the line starts before it.
 const char* LineStart(const char* from, const char* at) {
-  for (; static_cast<std::size_t>(at - from) >= kBlock; at -= kBlock)
-    if (const std::uint64_t returns = MatchMask64(at - kBlock, kReturn); returns != 0)
-      return at - std::countl_zero(returns);
-  while (at != from && at[-1] != '\r') --at;
-  return at;
+  return from + std::string_view(from, at).rfind('\r') + 1;  // npos + 1 is 0
 }
 
 const char* Cursor(const DatabaseHandle& database) {

@@ -36,7 +36,7 @@ bool AreUncertain(const DistanceAndBearings& figures, const Limits& limits) {
 std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, double resolution) {
   std::string reference;
   if (form == CoordinateForm::LonLat) {
-    const double unit = PrecisionFor(resolution).unit;
+    const double unit = UnitOf(DigitsFor(resolution));
     if (!IsNearTie(place.x / unit, kMetreError / unit) &&
         !IsNearTie(place.y / unit, kMetreError / unit))
       reference = GridReferenceOf(place.x, place.y, resolution);
@@ -89,7 +89,7 @@ const AcceleratedSquare* DegreeSquareOf(ListingAccelerator& fast, std::string_vi
     if (locator[i] < kFirst[i] || locator[i] > kLast[i]) return nullptr;
   const int lon = (locator[0] - 'J') * 20 + (locator[2] - '0') * 2;
   const int lat = (locator[1] - 'J') * 10 + (locator[3] - '0');
-  // Inside the box of IsInGridBox the grid ends at 50 N and, below 54 N, between 8 and 6 W.
+  // Inside the box of GenNGR the grid ends at 50 N and, below 54 N, between 8 and 6 W.
   if (lat < 50 || lat > 60 || lon < (lat < 54 ? -6 : -8)) return nullptr;
   if (lon > 0 || (lon == 0 && locator[4] > 'U'))
     return nullptr;  // U ends at 1.75 E, the box at 1.8

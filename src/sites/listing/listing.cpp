@@ -3,7 +3,7 @@
 #include "sites/database/line_reader.h"
 #include "sites/listing/fast_listing.h"
 #include "sites/listing/listing_row.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 #include "workspace/values/number_text.h"
 
 namespace {
@@ -12,10 +12,12 @@ constexpr std::size_t kWriteSize = std::size_t{1} << 18;
 constexpr double kUnlimitedDistance = 9999;  // the header omits this limit and larger ones
 
 std::string HeaderOf(Workspace& w, const Limits& limits) {
+  const std::chrono::year_month_day today = w.platform.Today();
   std::string header;
   const auto add = [&header](const std::string& line) { header += line + "\r\n"; };
   add("Generated from    Tarnwick  Brelk");
-  add(FormatDate(w.platform.Today()));
+  add(FormatPicture(int{today.year()}, "0000/") + FormatPicture(unsigned{today.month()}, "00/") +
+      FormatPicture(unsigned{today.day()}, "00"));
   add("");
   add("Distance and Bearings from " + w.BaseName);
   add("");

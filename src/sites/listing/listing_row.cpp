@@ -1,8 +1,7 @@
 #include "sites/listing/listing_row.h"
 
-#include "geo/grid_reference.h"
-#include "geo/locator.h"
 #include "sites/database/site_line.h"
+#include "workspace/commands/place_display.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/strings.h"
 
@@ -44,24 +43,17 @@ bool ReadRecord(std::string_view line, SiteRecord& record) {
 
 void DecodeRecord(Workspace& w, const SiteRecord& record, Columns& columns) {
   w.sitename = record.name;
-  if (record.kind == kSiteName) {
+  if (record.kind == kSiteName)
     columns = {};
-  } else if (record.kind == kGridReference) {
-    DecodeNGR(w, record.position, w.Lat, w.Lon);
-    GenLocator(w.Lat, w.Lon, columns.locator);
-    columns.gridReference = record.position;
-  } else if (record.kind == kLocator) {
-    DecodeLocator(w, record.position, w.Lat, w.Lon);
-    GenNGR(w, w.Lat, w.Lon, columns.gridReference);
-    columns.locator = record.position;
-  }
+  else if (record.kind != kLatLong)
+    DecodeReference(w, record.position, record.kind, columns.locator, columns.gridReference);
   DistBear(w);
 }
 
 bool AppendExactRow(Workspace& w, const SiteRecord& record, const Limits& limits, Columns& columns,
                     std::string& text) {
   DecodeRecord(w, record, columns);
-  const DistanceAndBearings figures{w.Dist, w.Bearing, w.Backbearing};
+  const DistanceAndBearings figures{*w.Dist, *w.Bearing, *w.Backbearing};
   if (!Matches(record.name, limits.name) || !IsWithin(limits, figures)) return false;
   AppendRow(text, record.name, columns.locator, columns.gridReference, figures);
   return true;
@@ -71,9 +63,9 @@ void AppendRow(std::string& text, std::string_view name, std::string_view locato
                std::string_view gridReference, const DistanceAndBearings& figures) {
   const std::size_t start = text.size();
   text.append(kRowLength, ' ');
-  // Columns count from 1.
+  // Columns count from 1. A text that is too long is cut off at the end of the row.
   const auto put = [&](std::size_t column, std::string_view item) {
-    OverwriteAt(text, start + column - 1, item);
+    item.copy(text.data() + start + column - 1, kRowLength - column + 1);
   };
   const auto putNumber = [&](std::size_t column, double value, const Picture& picture) {
     PutPicture(text, start + column - 1, value, picture);

@@ -2,7 +2,8 @@
 
 #include "sites/database/line_reader.h"
 #include "sites/database/text_search.h"
-#include "sites/lookup/results.h"
+#include "workspace/commands/use_this.h"
+#include "workspace/values/rounding.h"
 
 void Lookup_Click(Workspace& w) {
   CloseDatabase(w);
@@ -10,14 +11,40 @@ void Lookup_Click(Workspace& w) {
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
   std::string_view line;
-  ListEntries& entries = w.ShowList.PR.items;
+  std::deque<ListEntry>& entries = w.ShowList.PR.items;
   bool isFull = false;
   while (!isFull && ReadMatchingLine(w.database, sought, line)) {
     isFull = entries.size() >= kMostEntries;
-    if (!isFull) entries.Add(line);
+    if (!isFull) entries.emplace_back(line);
   }
-  const bool failed = w.database.failed;
-  CloseDatabase(w);
-  if (failed) ReportMissingDatabase(w);
+  CloseAndReportFailure(w);
   if (isFull) w.platform.MsgBox("Only the first 10000000 sites are shown");
+}
+
+void OpenResults(Workspace& w) {
+  ResultsWindow& window = w.ShowList;
+  window.loaded = true;
+  window.visible = true;
+  window.PR.columns = 4;
+  window.left = ToSingle(w.Tarnwick.left + w.Tarnwick.width / 3.0);
+  window.top = ToSingle(w.Tarnwick.top + w.Tarnwick.height / 4.0);
+  window.OK.visible = true;
+  w.platform.SetFocus(WindowName::ShowList);
+}
+
+void CloseResults(Workspace& w) {
+  w.ListTop = RoundToInt32(w.ShowList.top);
+  w.ListLeft = RoundToInt32(w.ShowList.left);
+  w.ShowList = {};  // a fresh window is unloaded, hidden and empty
+}
+
+void ShowList::OK_Click(Workspace& w) {
+  const ListBox& list = w.ShowList.PR;
+  const bool picked = list.index >= 0 && static_cast<std::size_t>(list.index) < list.items.size();
+  w.Tarnwick.InputText.text =
+      picked ? std::string_view(list.items[static_cast<std::size_t>(list.index)]) : "";
+  FindIt_Click(w);
+  w.Tarnwick.FindIt.enabled = false;
+  w.Tarnwick.defaultButton = &MainWindow::SetHome;
+  w.platform.SetFocus(WindowName::Tarnwick);
 }

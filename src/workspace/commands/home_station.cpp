@@ -11,7 +11,6 @@ void SetHome_Click(Workspace& w) {
   w.BaseName = main.InputText.text;
   pointing.Ipt.text.clear();
   w.Baseresolution = w.Resolution;
-  pointing.loaded = true;
   pointing.visible = true;
   main.BaseLocLbl.caption =
       "Home Station:  " + w.sitename + " - " + main.LocText.text + "  " + main.NGRText.text;

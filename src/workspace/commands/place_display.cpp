@@ -13,6 +13,19 @@ constexpr Rgb kSand{255, 240, 200};         // a site of the database
 
 }  // namespace
 
+void DecodeReference(Workspace& w, const std::string& reference, InputKind kind,
+                     std::string& locator, std::string& gridReference) {
+  if (kind == kGridReference) {
+    DecodeNGR(w, reference, w.Lat, w.Lon);
+    GenLocator(w.Lat, w.Lon, locator);
+    gridReference = reference;
+  } else {
+    DecodeLocator(w, reference, w.Lat, w.Lon);
+    GenNGR(w, w.Lat, w.Lon, gridReference);
+    locator = reference;
+  }
+}
+
 void SetBackgrounds(Workspace& w, InputKind kind) {
   const Rgb back = kind == kSiteName ? kSand : kind == kLatLong ? kLatLongBackground : kYellow;
   w.Tarnwick.LocText.back = back;
@@ -29,13 +42,15 @@ void ShowPlaceByLatLong(Workspace& w) {
 }
 
 void ShowDistanceAndBearing(Workspace& w, InputKind kind) {
-  w.BearingCalc.DistText.text = FormatPicture(w.Dist, "####0.00#");
-  w.BearingCalc.BearText.text = FormatPicture(w.Bearing, "##0.0");
-  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing, "##0.0");
+  w.BearingCalc.DistText.text = FormatPicture(w.Dist.value_or(0), "####0.00#");
+  w.BearingCalc.BearText.text = FormatPicture(w.Bearing.value_or(0), "##0.0");
+  w.BearingCalc.BackBearText.text = FormatPicture(w.Backbearing.value_or(0), "##0.0");
+  const double distUncert = w.DistUncert.value_or(0);
+  const double bearUncert = w.BearUncert.value_or(0);
   const char* distance = kind == kLatLong ? "0.00#km " : "0.000km ";
   const char* bearing = kind == kLocator ? "0.0deg" : "0.0 deg";
   w.BearingCalc.UncertText.text =
       kind == kSiteName
-          ? FormatPicture(w.BearUncert, "0.00#deg / ") + FormatPicture(w.DistUncert, "0.00km / ")
-          : FormatPicture(w.DistUncert, distance) + FormatPicture(w.BearUncert, bearing);
+          ? FormatPicture(bearUncert, "0.00#deg / ") + FormatPicture(distUncert, "0.00km / ")
+          : FormatPicture(distUncert, distance) + FormatPicture(bearUncert, bearing);
 }

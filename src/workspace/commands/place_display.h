@@ -7,6 +7,11 @@
 // The background of a place that was entered as latitude and longitude.
 inline constexpr Rgb kLatLongBackground{180, 255, 200};
 
+// Decodes a grid reference or a locator as DecodeNGR or DecodeLocator does, into Lat and Lon, and
+// writes both references of the place: the given one, and the other one calculated from it.
+void DecodeReference(Workspace& w, const std::string& reference, InputKind kind,
+                     std::string& locator, std::string& gridReference);
+
 // Sets the background colours of LocText, NGRText and LLText, which mark the kind of input that the
 // place came from.
 void SetBackgrounds(Workspace& w, InputKind kind);

@@ -4,9 +4,7 @@
 #include <string_view>
 
 #include "geo/dist_bear.h"
-#include "geo/grid_reference.h"
 #include "geo/lat_long.h"
-#include "geo/locator.h"
 #include "pointing/compass.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
@@ -19,20 +17,11 @@ namespace {
 
 // Decodes a grid reference or a locator and shows it, the reference of the other kind calculated
 // from it in red, and the latitude and longitude.
-void DecodeReference(Workspace& w, const std::string& reference, InputKind kind) {
+void UseReference(Workspace& w, const std::string& reference, InputKind kind) {
   TextBox& loc = w.Tarnwick.LocText;
   TextBox& ngr = w.Tarnwick.NGRText;
-  if (kind == kGridReference) {
-    ngr.text = reference;
-    DecodeNGR(w, reference, w.Lat, w.Lon);
-    GenLocator(w.Lat, w.Lon, loc.text);
-    loc.fore = kRed;
-  } else {
-    loc.text = reference;
-    DecodeLocator(w, reference, w.Lat, w.Lon);
-    GenNGR(w, w.Lat, w.Lon, ngr.text);
-    ngr.fore = kRed;
-  }
+  DecodeReference(w, reference, kind, loc.text, ngr.text);
+  (kind == kGridReference ? loc : ngr).fore = kRed;
   ShowLatLong(w);
 }
 
@@ -45,13 +34,13 @@ void UsePlace(Workspace& w, std::string text, InputKind kind) {
     ShowPlaceByLatLong(w);
   } else {
     SetBackgrounds(w, kind);
-    DecodeReference(w, text, kind);
+    UseReference(w, text, kind);
   }
   w.Tarnwick.SetHome.enabled = true;
   w.sitename.clear();
-  if (IsTrue(w.BaseSet)) DistBear(w);
+  if (w.BaseSet == kTrue) DistBear(w);
   ShowDistanceAndBearing(w, kind);  // without a home station the fields are hidden
-  if (IsTrue(w.BaseSet)) Draw(w);
+  if (w.BaseSet == kTrue) Draw(w);
 }
 
 // Uses the site `sitename` of the database with this position, upper case. A position that is no
@@ -68,10 +57,10 @@ void UseSite(Workspace& w, std::string position) {
     w.Tarnwick.NGRText.text = "ERROR";
     w.Tarnwick.LLText.text.clear();
   } else if (kind != kLatLong) {
-    DecodeReference(w, position, kind);
+    UseReference(w, position, kind);
   }
   w.Tarnwick.SetHome.enabled = true;
-  if (!IsTrue(w.BaseSet)) return;
+  if (w.BaseSet != kTrue) return;
   DistBear(w);
   ShowDistanceAndBearing(w, kSiteName);
   Draw(w);
@@ -101,9 +90,7 @@ void FindSite(Workspace& w) {
     w.sitename = site.name;
     if (Matches(line, sought)) return UseSite(w, UpperOf(site.position));
   }
-  const bool failed = w.database.failed;
-  CloseDatabase(w);
-  if (failed) ReportMissingDatabase(w);
+  CloseAndReportFailure(w);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "pointing/external_maps.h"
 #include "sites/listing/listing.h"
 #include "sites/lookup/lookup.h"
-#include "sites/lookup/results.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/events/main_window_layout.h"
@@ -47,8 +46,4 @@ const Event* FindEvent(WindowName window, std::string_view control, UserAction a
   for (const Event& e : kEvents)
     if (e.window == window && e.control == control && e.action == action) return &e;
   return nullptr;
-}
-
-const Event& CloseFrameEvent(WindowName window) {
-  return *FindEvent(window, "", CloseFrame);
 }

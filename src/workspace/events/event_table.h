@@ -20,8 +20,6 @@ struct Event {
   const char* key = nullptr;   // key that does the same, such as "Alt+I"; null if there is none
 };
 
-// Returns the row for an action on a control, or null if that action runs no command.
+// Returns the row for an action on a control, or null if that action runs no command. Every window
+// has a row for CloseFrame.
 const Event* FindEvent(WindowName window, std::string_view control, UserAction action);
-
-// Returns the row for closing a window by its frame; every window has one.
-const Event& CloseFrameEvent(WindowName window);

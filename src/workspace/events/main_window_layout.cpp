@@ -1,7 +1,7 @@
 #include "workspace/events/main_window_layout.h"
 
 #include "gps/real_time.h"
-#include "sites/lookup/results.h"
+#include "sites/lookup/lookup.h"
 
 namespace {
 

@@ -20,10 +20,8 @@ constexpr double kHomeLimit = 500;
 // show zeros until the first Use This.
 void RestoreHome(Workspace& w) {
   MainWindow& main = w.Tarnwick;
-  w.BaseLat = w.Lat;
-  w.BaseLong = w.Lon;
-  main.InputText.text = "Base    Lat: " + FormatPicture(w.BaseLat, "###.###") +
-                        "  Long: " + FormatPicture(w.BaseLong, "####.###");
+  main.InputText.text = "Base    Lat: " + FormatPicture(w.Lat, "###.###") +
+                        "  Long: " + FormatPicture(w.Lon, "####.###");
   w.BearingCalc.Ipt.text = main.InputText.text;
   ShowPlaceByLatLong(w);
   main.SetHome.enabled = true;
@@ -37,7 +35,6 @@ void RestoreHome(Workspace& w) {
 void Form_Load(Workspace& w) {
   Platform& platform = w.platform;
   MainWindow& main = w.Tarnwick;
-  w.BaseSet = kFalse;
   w.Lat = TextToNumber(platform.ReadSetting("Home", "Lat", kNoHome));
   w.Lon = TextToNumber(platform.ReadSetting("Home", "Long", kNoHome));
   if (w.Lat < kHomeLimit && w.Lon < kHomeLimit) RestoreHome(w);
@@ -54,7 +51,6 @@ void Form_Load(Workspace& w) {
   w.BearingCalc.loaded = true;
 
   main.LocDatabase.text = platform.ReadSetting("LocDB", "DB", kDefaultDatabase);
-  w.RealTime = kFalse;
   main.UseNMEA.caption = kRealTimeCaption;
   main.OSMap.enabled = platform.ContainsFile(w.MapPath, ".jpg");
   main.loaded = true;

@@ -1,12 +1,14 @@
 // The controls of a window as plain data. Setting a field runs no command.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "workspace/record/list_entries.h"
 
 // A colour of the screen.
 struct Rgb {
@@ -73,9 +75,23 @@ struct ComboBox {
   bool operator==(const ComboBox&) const = default;
 };
 
+// Longer entries of a list are cut to this number of characters.
+inline constexpr std::size_t kEntryLength = 28;
+
+// An entry of a list, without an allocation of its own, because a lookup may find millions.
+struct ListEntry {
+  std::array<char, kEntryLength> characters{};
+  unsigned char length;
+
+  explicit ListEntry(std::string_view text)
+      : length(static_cast<unsigned char>(text.copy(characters.data(), kEntryLength))) {}
+  operator std::string_view() const { return {characters.data(), length}; }
+  bool operator==(const ListEntry&) const = default;
+};
+
 // A list of entries of which one can be selected.
 struct ListBox {
-  ListEntries items{};
+  std::deque<ListEntry> items{};
   int index = -1;   // the selected entry, from 0; -1 if none is
   int columns = 1;  // entries fill one column from top to bottom, then the next
   bool visible = true;

@@ -4,20 +4,27 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/platform.h"
 #include "workspace/record/window_state.h"
-#include "workspace/values/untyped_value.h"
 
 // Title of message boxes, and the name under which settings are stored.
 inline constexpr const char* kProgramTitle = "Tarnwick";
 
+// Truth values as they are stored: a 16-bit integer.
+inline constexpr std::int16_t kTrue = -1;
+inline constexpr std::int16_t kFalse = 0;
+
+// A number or a truth value; no value counts as 0, and is not True.
+using UntypedValue = std::optional<double>;
+
 // The open site database and the part of it that is in memory, for sites/database/line_reader.h.
 struct DatabaseHandle {
-  std::unique_ptr<File> file;  // null: closed
-  std::vector<char> buffer;
+  std::unique_ptr<File> file{};  // null: closed
+  std::vector<char> buffer{};
   std::size_t cursor = 0;  // the unread bytes are buffer[cursor, limit)
   std::size_t limit = 0;
   bool skipLineFeed = false;  // the last line ended in CR; skip a following LF
@@ -26,8 +33,6 @@ struct DatabaseHandle {
 
 struct Workspace {
   explicit Workspace(Platform& platformOfRun) : platform(platformOfRun) {}
-  Workspace(const Workspace&) = delete;
-  Workspace& operator=(const Workspace&) = delete;
 
   Platform& platform;
 

@@ -147,12 +147,6 @@ std::string FormatPicture(double number, std::string_view picture) {
   return text;
 }
 
-std::string FormatDate(std::chrono::year_month_day date) {
-  return FormatPicture(static_cast<int>(date.year()), "0000/") +
-         FormatPicture(static_cast<unsigned>(date.month()), "00/") +
-         FormatPicture(static_cast<unsigned>(date.day()), "00");
-}
-
 double TextToNumber(std::string_view text) {
   if (text.size() > 15) return LeadingNumber(text);
   std::int64_t number = 0;  // a double represents 15 digits exactly

@@ -1,9 +1,7 @@
-// Numbers and dates as texts, and texts as numbers. Nothing here reads the locale, and nothing
-// fails.
+// Numbers as texts, and texts as numbers. Nothing here reads the locale, and nothing fails.
 #pragma once
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -47,9 +45,6 @@ std::string FormatPicture(double number, std::string_view picture);
 // Writes the result of FormatPicture over the characters of `text` from index `at` on, counted from
 // 0; the text grows if it is too short.
 void PutPicture(std::string& text, std::size_t at, double number, const Picture& picture);
-
-// Returns a date such as "2026/04/30".
-std::string FormatDate(std::chrono::year_month_day date);
 
 // Reads the number at the front of a text and ignores the rest; returns 0 if the text does not
 // begin with a number. Blanks, tabs and line feeds are skipped, even between digits. An exponent is

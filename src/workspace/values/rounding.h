@@ -31,14 +31,9 @@ inline float ToSingle(double number) {
   return static_cast<float>(std::clamp(Finite(number), -kLargest, kLargest));
 }
 
-// Return the nearest integer, for a tie the even one. Inline and without branches, since a listing
-// rounds often.
+// Return the nearest integer, for a tie the even one.
 inline std::int32_t RoundToInt32(double number) {
-  if (!(std::fabs(number) < 0x1p30)) return Saturated<std::int32_t>(std::nearbyint(number));
-  const auto whole = static_cast<std::int32_t>(number);
-  const double fraction = number - whole;
-  const double half = whole % 2 == 0 ? 0.5 : 0x1.fffffffffffffp-2;  // odd: just below a tie
-  return whole + static_cast<int>(fraction > half) - static_cast<int>(fraction < -half);
+  return Saturated<std::int32_t>(std::nearbyint(number));
 }
 inline std::int16_t RoundToInt16(double number) {
   return Saturated<std::int16_t>(std::nearbyint(number));

@@ -24,9 +24,7 @@ inline constexpr std::array<char, 256> kCapitals = [] {
 
 // Return the capital of a character, and a text in capitals, which has the same length.
 inline char UpperOf(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  if (code < 'a') return character;  // digits and capitals, the usual case
-  return kCapitals[code];
+  return kCapitals[static_cast<unsigned char>(character)];
 }
 inline std::string UpperOf(std::string_view text) {
   std::string upper(text);
@@ -42,10 +40,4 @@ constexpr bool IsDigit(char c) {
 // Returns the character with a code; codes below 0 count as 0, codes above 255 as 255.
 inline char CharOf(int code) {
   return static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0, 255)));
-}
-
-// Writes `item` over the characters of `text` from index `at` on, counted from 0. Characters that
-// would lie beyond the end of `text` are dropped.
-inline void OverwriteAt(std::string& text, std::size_t at, std::string_view item) {
-  if (at < text.size()) item.copy(text.data() + at, text.size() - at);
 }

@@ -3,13 +3,11 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QPointer>
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <system_error>
 
-#include "platform/drive_paths.h"
 #include "workspace/record/workspace.h"
 
 Desktop::Desktop()
@@ -43,18 +41,16 @@ bool Desktop::Shell(const std::string& command, WindowStyle style) {
   // Deleted when the viewer ends. It has no owner, because an owner would delete it at the end of
   // this program, which would kill the viewer.
   auto* viewer = new QProcess;
-  QElapsedTimer sinceStart;
-  sinceStart.start();
-  const auto onEnd = [=, this, desktopExists = QPointer(&serial)](int exitCode,
-                                                                  QProcess::ExitStatus status) {
-    viewer->deleteLater();
-    // xdg-open may run as long as its viewer. Only an error within ten seconds means that it could
-    // not show the file; a later one comes from the viewer.
+  QObject::connect(viewer, &QProcess::finished, viewer, &QObject::deleteLater);
+  // xdg-open may run as long as its viewer. Only an error within ten seconds means that it could
+  // not show the file; a later one comes from the viewer.
+  const auto onEnd = [this, watch = QDeadlineTimer(10'000)](int exitCode,
+                                                            QProcess::ExitStatus status) {
     const bool failed = exitCode != 0 || status != QProcess::NormalExit;
-    const bool isText = style == WindowStyle::Normal;  // failures of map viewers are ignored
-    if (failed && isText && desktopExists && sinceStart.elapsed() < 10'000) ReportViewerFailure();
+    if (failed && !watch.hasExpired()) ReportViewerFailure();
   };
-  QObject::connect(viewer, &QProcess::finished, viewer, onEnd);
+  // Failures of map viewers are ignored.
+  if (style == WindowStyle::Normal) QObject::connect(viewer, &QProcess::finished, &serial, onEnd);
   viewer->setProgram("xdg-open");
   viewer->setArguments({QString::fromStdString(target)});
   viewer->setStandardInputFile(QProcess::nullDevice());

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/drive_paths.h"
 #include "workspace/record/workspace.h"
 
 Desktop::Desktop()
