@@ -65,7 +65,7 @@ QString ProgramTest::TextOf(QWidget* widget) {
 void ProgramTest::Click(const QString& name) {
   auto* widget = Find(name);
   EXPECT_TRUE(widget->isVisible() && widget->isEnabled()) << name.toStdString();
-  // Beside its caption a check box takes no click.
+  // A check box ignores a click beside its caption.
   QTest::mouseClick(widget, Qt::LeftButton, {}, {10, widget->height() / 2});
 }
 

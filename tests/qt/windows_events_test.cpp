@@ -163,7 +163,7 @@ TEST_F(WindowsEvents, OnlyFieldsThatAreMeantForItTakeTyping) {
   check(PortSetUp(), program_->w.SetUpCom);
 }
 
-// Screen readers and input methods set texts without keys; letters of other sets give way.
+// Screen readers and input methods set texts without keys; other character sets are replaced.
 TEST_F(WindowsEvents, TakesEditsWhateverTheirSource) {
   const struct {
     const char *field, *edit, *taken;
@@ -184,7 +184,7 @@ TEST_F(WindowsEvents, TakesEditsWhateverTheirSource) {
   EXPECT_EQ(input->cursorPosition(), 2);
   Find<QComboBox>("Baud")->setEditText("115200");
   EXPECT_EQ(program_->w.SetUpCom.Baud.text, "115200");
-  // A command that brings back what was there before the edit shows it.
+  // A command that restores the text before the edit also shows it.
   program_->runner.Run([](Workspace& w) { w.SetUpCom.Baud.text = "9600"; });
   EXPECT_EQ(Text("Baud"), "9600");
 }

@@ -83,7 +83,7 @@ TEST_F(WindowsKeys, EnterPressesTheDefaultButtonAndSpaceTheFocusedOne) {
     QApplication::sendEvent(Find("InputText"), &press);
     EXPECT_EQ(Text("NGRText").empty(), isHeld);
   }
-  // A button that a command disables or hides hands the focus to none that Enter would press.
+  // When a command disables or hides a button, the focus does not move to another button.
   Find("FindIt")->setFocus();
   program_->runner.Run([](Workspace& w) { w.Tarnwick.FindIt.visible = false; });
   EXPECT_EQ(Main().focusWidget(), Find("InputText"));
@@ -134,7 +134,7 @@ TEST_F(WindowsKeys, NoMouseIsNeeded) {
   EXPECT_EQ(Text("InputText"), "");
 }
 
-TEST_F(WindowsKeys, TypingGoesIntoTheInputBoxWhereNothingElseWantsIt) {
+TEST_F(WindowsKeys, UnusedKeysAreTypedIntoTheInputBox) {
   Type("io91wm");
   Find("LocText")->setFocus();
   Key(Qt::Key_S, Qt::AltModifier);  // Set as Home is disabled

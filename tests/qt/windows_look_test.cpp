@@ -159,7 +159,7 @@ TEST_F(WindowsLook, CalculatedFormsAreMarked) {
   }
 }
 
-// A name of any length is read in full, on a pink ground.
+// A name of any length is shown in full, on a pink background.
 TEST_F(WindowsLook, BannerGrowsWithItsText) {
   auto* banner = Find<QLabel>("BaseLocLbl");
   const int line = banner->height();
@@ -176,7 +176,7 @@ TEST_F(WindowsLook, BannerGrowsWithItsText) {
   EXPECT_EQ(banner->grab().toImage().pixelColor(1, 1), QColor(255, 192, 255));
 }
 
-// Down each of four columns, then to the right; a notch of the wheel goes on by a column.
+// Entries fill one of four columns after the other; a notch of the wheel scrolls by one column.
 TEST_F(WindowsLook, ResultsAreInFourColumns) {
   List(std::vector<std::string>(1'000, std::string(28, 'W')));
   auto* list = Find<QListView>("PR");
@@ -199,7 +199,7 @@ TEST_F(WindowsLook, ResultsAreInFourColumns) {
   EXPECT_EQ(turn(120), 0);
 }
 
-// Nothing is cut at any font, and a dark desktop leaves the fields readable.
+// No text is cut off in any font, and the fields are readable on a dark desktop.
 TEST_F(WindowsLook, TextsFitInEveryFontOnADarkDesktop) {
   const QFont font = QApplication::font();
   const QPalette palette = QApplication::palette();

@@ -57,7 +57,7 @@ TEST_F(WindowsPlaces, NextStartBringsBackWhatWasStored) {
   EXPECT_EQ(Text("NGRText"), "SU51574 78620");
 }
 
-// The size that the logic gives and the user's are the record's; what the layout needs is not.
+// The record contains the size that the logic or the user chose, not the one that the layout needs.
 TEST_F(WindowsPlaces, SizeInTheRecordIsTheUsers) {
   SetHome("io91wm");
   Click("GenList");
@@ -71,7 +71,7 @@ TEST_F(WindowsPlaces, SizeInTheRecordIsTheUsers) {
 }
 
 // A window system reports other places and sizes while a window is minimised or maximised.
-TEST_F(WindowsPlaces, PlaceOfAMinimisedWindowIsNotTheUsers) {
+TEST_F(WindowsPlaces, MovesOfAMinimisedWindowAreNotTheUsers) {
   MoveByUser(Main(), {120, 90});
   for (const Qt::WindowState state : {Qt::WindowMinimized, Qt::WindowMaximized}) {
     Main().setWindowState(state);
@@ -86,7 +86,7 @@ TEST_F(WindowsPlaces, PlaceOfAMinimisedWindowIsNotTheUsers) {
   }
 }
 
-// What a window manager makes of a request is not the user's doing.
+// A position that a window manager chose after a request is not a change by the user.
 TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
   ChangeOrigin<int> origin;
   const struct {
@@ -104,8 +104,8 @@ TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
   EXPECT_TRUE(origin.IsUsers(7));
 }
 
-// The Pointing window never lies on the main window while the screen has room, unless the user
-// moved it there. It leaves the keyboard to the main window.
+// The Pointing window does not overlap the main window if the screen is large enough, unless the
+// user moved it there. The main window keeps the keyboard focus.
 TEST_F(WindowsPlaces, PointingWindowIsClearOfTheMainWindow) {
   const QSize size = Main().size();
   const struct {

@@ -124,7 +124,7 @@ class RandomActions : public ProgramTest {
     return "receive";
   }
 
-  // What is on screen is what the record says.
+  // Requires that the windows show the record.
   void ExpectShown(FramedWindow& window, const auto& record) {
     EXPECT_EQ(window.isVisible(), record.visible) << window.objectName().toStdString();
     EachControl(record, [&](const char* name, const auto& control) {

@@ -151,7 +151,7 @@ TEST_F(Serial, OpensAFreeDeviceAtAnySpeed) {
   EXPECT_TRUE(port_.Open(9, 4800));
 }
 
-// Under a flood the windows have their time as well.
+// The windows respond while a device sends without a pause.
 TEST_F(Serial, DeliversEveryCharacterOfAStream) {
   const auto receiver = PlugIn("ttyUSB0");
   ASSERT_TRUE(port_.Open(9, 4800));
@@ -176,7 +176,7 @@ TEST_F(Serial, DeliversEveryCharacterOfAStream) {
   EXPECT_TRUE(port_.IsOpen());
 }
 
-// Of what arrives while no event is taken the first piece stays, whatever the system still queues.
+// While no event is handled, the buffer keeps the first piece; later characters are lost.
 TEST_F(Serial, KeepsOnePieceWhileNoEventIsTaken) {
   const auto receiver = PlugIn("ttyUSB0");
   ASSERT_TRUE(port_.Open(9, 4800));

@@ -129,7 +129,7 @@ TEST_F(Settings, ProgramKilledAsItStoresLeavesTheOldOrTheNewHomeStation) {
 
 // A copy that was killed as it took its lock leaves an empty one, for which Qt would wait half a
 // minute.
-TEST_F(Settings, LeftOverLockHoldsNobodyUp) {
+TEST_F(Settings, LeftOverLockDelaysNothing) {
   Write(QString(kFile) + ".lock", "");
   QFile lock(home_.filePath(kFile) + ".lock");
   ASSERT_TRUE(
