@@ -2,7 +2,7 @@
 #include <QComboBox>
 #include <QScreen>
 
-#include "platform/qt/change_origin.h"
+#include "platform/qt/framed_window.h"
 #include "program_test.h"
 #include "sites/lookup/lookup.h"
 
