@@ -21,11 +21,13 @@ std::array<double, kDegree + 1> ProductsAt(double start, double length, double c
 // Replaces the values at the points of an axis by their divided differences; at(i, j) is the value
 // at the i-th point of this axis and the j-th of the other.
 void DivideDifferences(const auto& at) {
-  for (std::size_t order = 1; order <= kDegree; ++order)
-    for (std::size_t i = kDegree; i >= order; --i)
+  for (std::size_t order = 1; order <= kDegree; ++order) {
+    for (std::size_t i = kDegree; i >= order; --i) {
       for (std::size_t j = 0; i + j <= kDegree; ++j)
         for (std::size_t k = 0; k < FunctionValues{}.size(); ++k)
           at(i, j)[k] = (at(i, j)[k] - at(i - 1, j)[k]) / (kNodes[i] - kNodes[i - order]);
+    }
+  }
 }
 
 }  // namespace
@@ -33,10 +35,11 @@ void DivideDifferences(const auto& at) {
 LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions) {
   LocalPolynomials polynomials{over};
   auto& factors = polynomials.factors;
-  for (std::size_t i = 0; i <= kDegree; ++i)
+  for (std::size_t i = 0; i <= kDegree; ++i) {
     for (std::size_t j = 0; i + j <= kDegree; ++j)
       factors[i][j] = functions(over.x + (kNodes[i] + 1) / 2 * over.width,
                                 over.y + (kNodes[j] + 1) / 2 * over.height);
+  }
   DivideDifferences([&](std::size_t i, std::size_t j) -> auto& { return factors[i][j]; });
   DivideDifferences([&](std::size_t i, std::size_t j) -> auto& { return factors[j][i]; });
   return polynomials;

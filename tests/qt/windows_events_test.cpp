@@ -195,8 +195,8 @@ TEST_F(WindowsEvents, ReachesTheFirstPortByDown) {
   program_->runner.Run([](Workspace& w) {
     w.SetUpCom.CPort.items = {"COM9", "COM18"};
     w.SetUpCom.CPort.text = "7";
-    w.SetUpCom.visible = true;
   });
+  program_->runner.Run([](Workspace& w) { w.SetUpCom.visible = true; });
   EXPECT_EQ(Text("CPort"), "7");
   EXPECT_EQ(ports->lineEdit()->selectedText(), "7") << "typing replaces it";
   EXPECT_NE(Find<QPlainTextEdit>("Text1")->placeholderText(), "") << "7 is no port";

@@ -5,9 +5,11 @@
 
 bool CommandRunner::Run(const std::function<void(Workspace&)>& command) {
   if (busy_) return false;
-  busy_ = true;
-  command(w);
-  busy_ = false;
+  {
+    busy_ = true;
+    const auto endBusy = qScopeGuard([this] { busy_ = false; });
+    command(w);
+  }
   Refresh();
   if (onIdle) onIdle();
   return true;

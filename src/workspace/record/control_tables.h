@@ -14,7 +14,7 @@
 // The table of a window: a tuple of pairs, the name of a control and its member of the record.
 template <class Record>
 inline constexpr auto kControlsOf = [] {
-  if constexpr (std::is_same_v<Record, MainWindow>)
+  if constexpr (std::is_same_v<Record, MainWindow>) {
     return std::tuple{
         CONTROL(Label14),      CONTROL(Label2),     CONTROL(Label1),      CONTROL(LocDatabase),
         CONTROL(InputText),    CONTROL(Label5),     CONTROL(Xdim),        CONTROL(Ydim),
@@ -27,14 +27,17 @@ inline constexpr auto kControlsOf = [] {
         CONTROL(FromBearText), CONTROL(Label9),     CONTROL(ToBearText),  CONTROL(MakeList),
         CONTROL(Label13),      CONTROL(Srchtext),   CONTROL(Label11),     CONTROL(ListFileName),
         CONTROL(ShowAll)};
-  if constexpr (std::is_same_v<Record, PointingWindow>)
+  }
+  if constexpr (std::is_same_v<Record, PointingWindow>) {
     return std::tuple{CONTROL(Ipt),          CONTROL(Label5), CONTROL(BearText), CONTROL(Label6),
                       CONTROL(BackBearText), CONTROL(Label4), CONTROL(DistText), CONTROL(Label12),
                       CONTROL(UncertText),   CONTROL(C)};
+  }
   if constexpr (std::is_same_v<Record, ResultsWindow>) return std::tuple{CONTROL(PR), CONTROL(OK)};
-  if constexpr (std::is_same_v<Record, SetUpWindow>)
+  if constexpr (std::is_same_v<Record, SetUpWindow>) {
     return std::tuple{CONTROL(Label2), CONTROL(CPort),    CONTROL(Label1),
                       CONTROL(Baud),   CONTROL(Command1), CONTROL(Text1)};
+  }
 }();
 
 #undef CONTROL
