@@ -32,7 +32,7 @@ wait_for() {
 
 # ---- a screen and a Wine of their own
 
-Xvfb -displayfd 3 -screen 0 1280x900x24 -noreset -nolisten tcp 3>"$work/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 800x800x24 -noreset -nolisten tcp 3>"$work/display" 2>/dev/null &
 screen=$!
 line=
 end() {
@@ -50,15 +50,30 @@ wineserver -p  # stays between the programs, so that each starts quickly
 wineboot -i 2>/dev/null
 c=$WINEPREFIX/drive_c
 # Windows has these fonts; Wine does not.
-for font in Tahoma 'Segoe UI' 'Lucida Console'; do
-  wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /f /v "$font" /d 'DejaVu Sans' >/dev/null 2>&1
+for font in Tahoma 'Segoe UI' 'Lucida Console Mono'; do
+  wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /f /v "${font% Mono}" \
+    /d "DejaVu Sans${font#"${font% Mono}"}" >/dev/null 2>&1
 done
 
 # ---- the tests, and 20,000 places whose numbers must be those of Linux
 
-for tests in tarnwick_tests qt_tests; do
-  wine "build/windows/$tests.exe" --gtest_brief=1 2>&1 || fail "$tests"
-done
+tests() { timeout 120 wine "build/windows/$1.exe" --gtest_brief=1 --gtest_filter="$2" 2>&1; }
+tests tarnwick_tests '*' || fail tarnwick_tests
+# Each test of the windows is a process of its own, so that one that hangs fails alone. With an X
+# window manager Wine reports places of windows late and a pixel off, which Windows doesn't do.
+# Without one it activates no other window, which the keys need.
+wine build/windows/qt_tests.exe --gtest_list_tests 2>/dev/null | tr -d '\r' |
+  awk '/^[^ ]/ { suite = $1 } /^ / { print suite $1 }' >"$work/tests"
+grep -q . "$work/tests" || fail "qt_tests"
+failed=
+while read -r name; do
+  case $name in WindowsPlaces.*) managed=n ;; *) managed=y ;; esac
+  wine reg add 'HKCU\Software\Wine\AppDefaults\qt_tests.exe\X11 Driver' /f /v Managed \
+    /d $managed >/dev/null 2>&1
+  tests qt_tests "$name" </dev/null >"$work/output" || { cat "$work/output"; failed="$failed $name"; }
+done <"$work/tests"
+[ -z "$failed" ] || fail "$failed"
+echo "$(wc -l <"$work/tests") tests of the windows passed."
 
 awk 'function letter() { return substr("abcdefghijklmnopqrstuvwx", 1 + int(24 * rand()), 1) }
   BEGIN {
@@ -90,8 +105,6 @@ done
 grep -oE '(src|href)="[^"#:]+' "$folder/manual/index.html" | cut -d'"' -f2 | while read -r file; do
   test -s "$folder/manual/$file" || fail "missing in the manual: $file"
 done
-wine "$folder/tarnwick.exe" --version 2>/dev/null | grep '^tarnwick [0-9.]*' || fail "--version"
-
 main="Sites, Distances and Bearings"
 windows() { xdotool search --onlyvisible --name "^$1"; }
 is_gone() { ! windows "$1"; }
@@ -120,6 +133,14 @@ expect_setting() {
     sed -n "s/^ *$2 *REG_SZ    //p")
   printf '%s\n' "$value" | grep -qx -- "$3" || fail "setting $1 $2 is '$value', not '$3'"
 }
+
+# Without a console the version is in a message box.
+wine "$folder/tarnwick.exe" --version 2>/dev/null &
+program=$!
+to_front tarnwick
+picture 0-version
+keys Return
+wait_for has_ended
 
 # The first start: a site of the sample database as the home station, the manual, a listing.
 wine reg add 'HKLM\Software\Classes\.html' /f /ve /d htmlfile >/dev/null 2>&1

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPointer>
+#include <filesystem>
 #include <utility>
 
 #include "platform/desktop/qt_text.h"
@@ -15,7 +16,7 @@ ScratchTest::ScratchTest() {
 #ifdef _WIN32
   // The registry and drive c: of the Wine that runs the tests.
   QSettings("HKEY_CURRENT_USER\\Software\\Tarnwick", QSettings::NativeFormat).clear();
-  std::filesystem::remove(PathToWrite(kDefaultDatabase));
+  std::filesystem::remove(kDefaultDatabase);
 #endif
 }
 

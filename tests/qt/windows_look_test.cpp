@@ -182,7 +182,7 @@ TEST_F(WindowsLook, ResultsAreInFourColumns) {
   auto* list = Find<QListView>("PR");
   const auto place = [list](int row) { return list->visualRect(list->model()->index(row, 0)); };
   EXPECT_EQ(place(1).x(), place(0).x());
-  EXPECT_GT(place(1).y(), place(0).bottom());
+  EXPECT_GE(place(1).y(), place(0).bottom());
   std::set<int> columns;
   for (int row = 0; list->viewport()->rect().intersects(place(row)); ++row)
     columns.insert(place(row).x());
