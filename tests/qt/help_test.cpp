@@ -2,41 +2,31 @@
 #include <gtest/gtest.h>
 
 #include <QDesktopServices>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QTextBrowser>
-#include <QtTest>
 
-#include "platform/qt/application.h"
+#include "program_test.h"
 
 namespace {
 
-class Keys : public testing::Test {
+class Keys : public ProgramTest {
  protected:
   Keys() {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home_.filePath("config"));
-    qputenv("XDG_DATA_HOME", home_.filePath("data").toUtf8());
-    program_.Start("io91wm");
-    SetHome()->click();
+    Start("io91wm");
+    Click("SetHome");
   }
-  QPushButton* SetHome() { return program_.mainWindow.findChild<QPushButton*>("SetHome"); }
   // Returns the widget with the focus in a window of the program.
   static QWidget* FocusIn(FramedWindow& window) {
     window.BringToFront();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     return window.focusWidget();
   }
-
-  QTemporaryDir home_;
-  Application program_;
 };
 
 // A text browser is the desktop's browser here. A build without pandoc has the text alone.
 TEST_F(Keys, F1OpensTheManual) {
   QTextBrowser browser;
   QDesktopServices::setUrlHandler("file", &browser, "setSource");
-  for (FramedWindow* window : program_.VisibleWindows()) {
+  for (FramedWindow* window : program_->VisibleWindows()) {
     browser.setSource({});
     QTest::keyClick(FocusIn(*window), Qt::Key_F1);
     EXPECT_TRUE(browser.source().path().contains("manual")) << window->windowTitle().toStdString();
@@ -46,9 +36,9 @@ TEST_F(Keys, F1OpensTheManual) {
 }
 
 TEST_F(Keys, AHeldAccessKeyActsOnce) {
-  QWidget* focused = FocusIn(program_.mainWindow);
+  QWidget* focused = FocusIn(Main());
   int presses = 0;
-  QObject::connect(SetHome(), &QPushButton::pressed, [&presses] { ++presses; });
+  QObject::connect(Find<QPushButton>("SetHome"), &QPushButton::pressed, [&presses] { ++presses; });
   for (const bool isRepeat : {false, true, true}) {
     qt_sendShortcutOverrideEvent(focused, 0, Qt::Key_S, Qt::AltModifier, "s", isRepeat);
     QTest::qWait(150);  // a press by an access key takes a tenth of a second
@@ -57,11 +47,11 @@ TEST_F(Keys, AHeldAccessKeyActsOnce) {
 }
 
 TEST_F(Keys, TypingInThePointingWindowIsForTheInputBox) {
-  QWidget* focused = FocusIn(program_.WindowOf(WindowName::BearingCalc));
+  QWidget* focused = FocusIn(Pointing());
   QTest::keyClicks(focused, "jo01aa");
-  EXPECT_EQ(program_.w.Tarnwick.InputText.text, "jo01aa");
+  EXPECT_EQ(program_->w.Tarnwick.InputText.text, "jo01aa");
   QTest::keyClick(focused, Qt::Key_Return);
-  EXPECT_EQ(program_.w.BearingCalc.Ipt.text, "JO01AA");
+  EXPECT_EQ(program_->w.BearingCalc.Ipt.text, "JO01AA");
 }
 
 }  // namespace
