@@ -130,7 +130,7 @@ tick_save() { keys shift+Tab shift+Tab space; }
 # expect_setting SECTION NAME PATTERN: checks a value in the registry.
 expect_setting() {
   value=$(wine reg query "HKCU\\Software\\Tarnwick\\$1" /v "$2" 2>/dev/null | tr -d '\r' |
-    sed -n "s/^ *$2 *REG_SZ    //p")
+    sed -n "s/^ *$2 *REG_SZ *//p")
   printf '%s\n' "$value" | grep -qx -- "$3" || fail "setting $1 $2 is '$value', not '$3'"
 }
 
@@ -168,7 +168,7 @@ wait_for has_ended
 expect_setting Home Lat '56\.79.*'
 expect_setting Home Long '-5\.00.*'
 expect_setting LocDB DB 'c:\\geog\\Sites.dat'
-expect_setting FormPLace Left '-\{0,1\}[0-9.]*'
+expect_setting FormPLace Left '-\{0,1\}[0-9][0-9.]*'
 
 # The next start brings the home station back. A receiver at COM9 leads to another one, which the end of
 # the session stores as the end of the program does.
