@@ -96,6 +96,12 @@ echo "The same $(wc -l <"$work/linux") lines as on Linux."
 
 # ---- the zip
 
+# Remove what the tests left: open viewers, files and settings.
+wineserver -k
+rm -rf "$c/geog"
+wineserver -p
+wine reg delete 'HKCU\Software\Tarnwick' /f >/dev/null 2>&1 || true
+
 (cd "$c" && cmake -E tar xf "$root"/build/windows/tarnwick-*-windows.zip)
 folder=$(echo "$c"/tarnwick-*)
 for file in README.txt geog/Sites.dat licences/Tarnwick.txt licences/Qt/LGPL-3.0-only.txt manual/index.html; do
