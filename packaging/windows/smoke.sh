@@ -96,6 +96,12 @@ echo "The same $(wc -l <"$work/linux") lines as on Linux."
 
 # ---- the zip
 
+# Remove what the tests left: open viewers, files and settings.
+wineserver -k
+rm -rf "$c/geog"
+wineserver -p
+wine reg delete 'HKCU\Software\Tarnwick' /f >/dev/null 2>&1 || true
+
 (cd "$c" && cmake -E tar xf "$root"/build/windows/tarnwick-*-windows.zip)
 folder=$(echo "$c"/tarnwick-*)
 for file in README.txt geog/Sites.dat licences/Tarnwick.txt licences/Qt/LGPL-3.0-only.txt manual/index.html; do
@@ -130,7 +136,7 @@ tick_save() { keys shift+Tab shift+Tab space; }
 # expect_setting SECTION NAME PATTERN: checks a value in the registry.
 expect_setting() {
   value=$(wine reg query "HKCU\\Software\\Tarnwick\\$1" /v "$2" 2>/dev/null | tr -d '\r' |
-    sed -n "s/^ *$2 *REG_SZ    //p")
+    sed -n "s/^ *$2 *REG_SZ *//p")
   printf '%s\n' "$value" | grep -qx -- "$3" || fail "setting $1 $2 is '$value', not '$3'"
 }
 
@@ -168,7 +174,7 @@ wait_for has_ended
 expect_setting Home Lat '56\.79.*'
 expect_setting Home Long '-5\.00.*'
 expect_setting LocDB DB 'c:\\geog\\Sites.dat'
-expect_setting FormPLace Left '-\{0,1\}[0-9.]*'
+expect_setting FormPLace Left '-\{0,1\}[0-9][0-9.]*'
 
 # The next start brings the home station back. A receiver at COM9 leads to another one, which the end of
 # the session stores as the end of the program does.
