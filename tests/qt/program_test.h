@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QtTest>
+#include <QTest>
 #include <functional>
 #include <memory>
 #include <string>
