@@ -100,10 +100,10 @@ class Receiver:
         return sentences
 
     def clock(self):
-        second = f"{self.time // 3600:02.0f}{self.time // 60 % 60:02.0f}"
+        minute = f"{self.time // 3600:02.0f}{self.time // 60 % 60:02.0f}"
         fraction = {"variation": 0, "short": 0, "fraction": 3}.get(self.form, 2)
-        whole = math.floor(self.time * 100 + 0.5) / 100 % 60
-        return f"{second}{whole:0{3 + fraction if fraction else 2}.{fraction}f}"
+        seconds = round(self.time, 2) % 60
+        return f"{minute}{seconds:0{3 + fraction if fraction else 2}.{fraction}f}"
 
     def position(self, fix):
         return f"{self.north},N,{self.west},W" if fix else ",,,"

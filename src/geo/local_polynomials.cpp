@@ -32,13 +32,13 @@ void DivideDifferences(const auto& at) {
 
 }  // namespace
 
-LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions) {
-  LocalPolynomials polynomials{over};
+LocalPolynomials Interpolate(const Rectangle& area, const Functions& functions) {
+  LocalPolynomials polynomials{area};
   auto& factors = polynomials.factors;
   for (std::size_t i = 0; i <= kDegree; ++i) {
     for (std::size_t j = 0; i + j <= kDegree; ++j)
-      factors[i][j] = functions(over.x + (kNodes[i] + 1) / 2 * over.width,
-                                over.y + (kNodes[j] + 1) / 2 * over.height);
+      factors[i][j] = functions(area.x + (kNodes[i] + 1) / 2 * area.width,
+                                area.y + (kNodes[j] + 1) / 2 * area.height);
   }
   DivideDifferences([&](std::size_t i, std::size_t j) -> auto& { return factors[i][j]; });
   DivideDifferences([&](std::size_t i, std::size_t j) -> auto& { return factors[j][i]; });
@@ -46,9 +46,9 @@ LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions) 
 }
 
 FunctionValues ValuesAt(const LocalPolynomials& polynomials, double x, double y) {
-  const Rectangle& over = polynomials.over;
-  const auto inX = ProductsAt(over.x, over.width, x);
-  const auto inY = ProductsAt(over.y, over.height, y);
+  const Rectangle& area = polynomials.area;
+  const auto inX = ProductsAt(area.x, area.width, x);
+  const auto inY = ProductsAt(area.y, area.height, y);
   FunctionValues sum{};
 #pragma GCC unroll 8
   for (std::size_t i = 0; i <= kDegree; ++i) {

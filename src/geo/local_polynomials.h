@@ -23,7 +23,7 @@ struct Rectangle {
 };
 
 struct LocalPolynomials {
-  Rectangle over;
+  Rectangle area;
   // The factors of Newton's products, by the degree in x and then in y; those of a total degree
   // above kPolynomialDegree are not used.
   std::array<std::array<FunctionValues, kPolynomialDegree + 1>, kPolynomialDegree + 1> factors{};
@@ -31,7 +31,7 @@ struct LocalPolynomials {
 
 // Returns polynomials that agree with the functions at 15 points of a rectangle. Their error
 // elsewhere depends on the functions; the caller must know a bound on the error.
-LocalPolynomials Interpolate(const Rectangle& over, const Functions& functions);
+LocalPolynomials Interpolate(const Rectangle& area, const Functions& functions);
 
 // Returns the values of the polynomials at a place in the rectangle.
 FunctionValues ValuesAt(const LocalPolynomials& polynomials, double x, double y);

@@ -83,10 +83,10 @@ fs::path NativePath(const fs::path& driveC, const std::string& path) {
 
 fs::path DiskPlatform::PathToRead(const std::string& path) const {
   std::error_code error;
-  const std::vector<fs::path> places = PlacesOf(path);
-  for (const fs::path& place : places)
-    if (fs::exists(place, error)) return place;
-  return places.front();
+  const std::vector<fs::path> candidates = CandidatePaths(path);
+  for (const fs::path& candidate : candidates)
+    if (fs::exists(candidate, error)) return candidate;
+  return candidates.front();
 }
 
 bool DiskPlatform::ContainsFile(const std::string& folder, std::string_view ending) {
@@ -94,8 +94,8 @@ bool DiskPlatform::ContainsFile(const std::string& folder, std::string_view endi
     std::error_code error;
     return upper.ends_with(UpperOf(ending)) && entry.is_regular_file(error);
   };
-  for (const fs::path& place : PlacesOf(folder))
-    if (!FindEntry(place, isWanted).empty()) return true;
+  for (const fs::path& candidate : CandidatePaths(folder))
+    if (!FindEntry(candidate, isWanted).empty()) return true;
   return false;
 }
 
@@ -107,7 +107,7 @@ std::unique_ptr<File> DiskPlatform::OpenToRead(const std::string& path) {
 
 std::unique_ptr<File> DiskPlatform::OpenToWrite(const std::string& path) {
   std::error_code error;
-  const fs::path file = PlacesOf(path).front();
+  const fs::path file = CandidatePaths(path).front();
   return fs::is_fifo(file, error) ? nullptr : Open(file, std::ios::out | std::ios::trunc);
 }
 

@@ -51,7 +51,7 @@ void ProgramTest::Start(const QString& place) {
 
 void ProgramTest::InstallSites() const {
   const QString sites =
-      QString::fromStdU16String(Desktop().PlacesOf(kDefaultDatabase).front().u16string());
+      QString::fromStdU16String(Desktop().CandidatePaths(kDefaultDatabase).front().u16string());
   QDir().mkpath(QFileInfo(sites).path());
   QFile::remove(sites);
   EXPECT_TRUE(QFile::copy(TARNWICK_SAMPLE, sites));

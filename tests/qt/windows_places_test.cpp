@@ -97,11 +97,11 @@ TEST(ChangeOrigin, SeparatesTheUserFromTheWindowManager) {
               {0, 3, true},  {0, 1, true},  {4, 1, false}, {0, 4, false}, {0, 5, true}};
   for (const auto& [requested, reported, isUsers] : rows) {
     if (requested != 0) origin.Request(requested);
-    EXPECT_EQ(origin.IsUsers(reported), isUsers) << requested << " " << reported;
+    EXPECT_EQ(origin.IsUserChange(reported), isUsers) << requested << " " << reported;
   }
   origin.Request(6);
   origin.EndRequest();
-  EXPECT_TRUE(origin.IsUsers(7));
+  EXPECT_TRUE(origin.IsUserChange(7));
 }
 
 // The Pointing window does not overlap the main window if the screen is large enough, unless the

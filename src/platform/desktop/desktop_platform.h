@@ -44,7 +44,7 @@ struct Desktop : DiskPlatform {
                           const std::string& otherwise) override;
   void StoreSetting(const std::string& section, const std::string& key,
                     const std::string& text) override;
-  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override;
+  std::vector<std::filesystem::path> CandidatePaths(const std::string& path) const override;
   void MsgBox(const std::string& text) override;
   bool Shell(const std::string& command, WindowStyle style) override;
   void SetFocus(WindowName window) override { focusWindow(window); }

@@ -91,7 +91,7 @@ struct HeadlessPlatform : DiskPlatform {
                     const std::string& text) override {
     if (!faults.Fails("StoreSetting")) settings[section + "/" + key] = {section, key, text};
   }
-  std::vector<std::filesystem::path> PlacesOf(const std::string& path) const override {
+  std::vector<std::filesystem::path> CandidatePaths(const std::string& path) const override {
     return {NativePath(driveC, path)};
   }
   bool ContainsFile(const std::string& folder, std::string_view ending) override;

@@ -174,7 +174,7 @@ void FramedWindow::RecordUserMove() {
   // changes.
   const QPoint position = windowHandle()->position();
   if (isAppearing_) return position_.Request(position);
-  if (!IsNormal() || !position_.IsUsers(position)) return;
+  if (!IsNormal() || !position_.IsUserChange(position)) return;
   const QPoint frame = windowHandle()->framePosition();
   shown_.left = state_.left = ToTwips(frame.x());
   shown_.top = state_.top = ToTwips(frame.y());
@@ -184,7 +184,7 @@ void FramedWindow::RecordUserMove() {
 void FramedWindow::RecordUserResize() {
   const QSize size = windowHandle()->size();
   if (isAppearing_) return size_.Request(size);
-  if (!IsNormal() || !size_.IsUsers(size)) return;
+  if (!IsNormal() || !size_.IsUserChange(size)) return;
   shown_.width = state_.width = ToTwips(size.width());
   shown_.height = state_.height = ToTwips(size.height());
 }

@@ -25,7 +25,7 @@ class ChangeOrigin {
   // No answer is due any more.
   void EndRequest() { answerIsDue_ = false; }
   // Records a reported value and returns whether the user chose it.
-  bool IsUsers(const Value& value) {
+  bool IsUserChange(const Value& value) {
     const bool isUsers = !answerIsDue_ && value != requested_ && value != answered_;
     answerIsDue_ = false;
     answered_ = value;

@@ -50,14 +50,14 @@ std::string ReferenceOf(const ApproximatePlace& place, CoordinateForm form, doub
 }
 
 std::unique_ptr<AcceleratedSquare> MakeSquare(const ListingAccelerator& fast, CoordinateForm form,
-                                              const Rectangle& over) {
+                                              const Rectangle& area) {
   constexpr double kRadius = 100;               // km, from the centre of any square to its corners
   constexpr double kHalfCircumference = 20015;  // km; an exact antipode can have the distance 0
   auto square = std::make_unique<AcceleratedSquare>();
   square->form = form;
-  square->polynomials = PolynomialsOf(fast.home, over, form);
-  const double centre = PlaceAt(fast.home, square->polynomials, form, over.x + over.width / 2,
-                                over.y + over.height / 2)
+  square->polynomials = PolynomialsOf(fast.home, area, form);
+  const double centre = PlaceAt(fast.home, square->polynomials, form, area.x + area.width / 2,
+                                area.y + area.height / 2)
                             .figures.distance;
   square->isOutOfReach =
       centre + kRadius < kHalfCircumference &&

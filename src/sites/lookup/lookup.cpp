@@ -18,7 +18,8 @@ void Lookup_Click(Workspace& w) {
     if (!isFull) entries.emplace_back(line);
   }
   CloseAndReportFailure(w);
-  if (isFull) w.platform.MsgBox("Only the first 10000000 sites are shown");
+  if (isFull)
+    w.platform.MsgBox("Only the first " + std::to_string(kMostEntries) + " sites are shown");
 }
 
 void OpenResults(Workspace& w) {

@@ -15,17 +15,17 @@ Desktop::Desktop()
   settings_.setFallbacksEnabled(false);
   // The folder where the database and the listing are by default.
   std::error_code error;
-  std::filesystem::create_directories(PlacesOf("c:\\geog").front(), error);
+  std::filesystem::create_directories(CandidatePaths("c:\\geog").front(), error);
 }
 
-std::vector<std::filesystem::path> Desktop::PlacesOf(const std::string& path) const {
+std::vector<std::filesystem::path> Desktop::CandidatePaths(const std::string& path) const {
   QStringList dataFolders =
       QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);  // the user's first
   dataFolders.insert(1, QCoreApplication::applicationDirPath() + "/../share");
-  std::vector<std::filesystem::path> places;
+  std::vector<std::filesystem::path> candidates;
   for (const QString& data : dataFolders)
-    places.push_back(NativePath(data.toStdString() + "/tarnwick/drive_c", CleanPath(path)));
-  return places;
+    candidates.push_back(NativePath(data.toStdString() + "/tarnwick/drive_c", CleanPath(path)));
+  return candidates;
 }
 
 // Passes the path or address of the command line, as one argument and without a shell, to xdg-open,

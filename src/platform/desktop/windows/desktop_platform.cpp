@@ -11,7 +11,7 @@ Desktop::Desktop()
     : settings_(QString("HKEY_CURRENT_USER\\Software\\") + kProgramTitle, QSettings::NativeFormat) {
 }
 
-std::vector<std::filesystem::path> Desktop::PlacesOf(const std::string& path) const {
+std::vector<std::filesystem::path> Desktop::CandidatePaths(const std::string& path) const {
   const std::filesystem::path file = SystemPath(CleanPath(path));
   if (file.root_name() != L"c:" && file.root_name() != L"C:") return {file};
   return {file, QCoreApplication::applicationDirPath().toStdWString() / file.relative_path()};
