@@ -1,19 +1,15 @@
-// Tables of the results of commands: the kinds of typed texts, the places that they name, layouts,
-// distances and bearings, and the records that pass the limits of a listing.
+// Tables of typed texts and of the places, layouts, distances and bearings that they result in.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <string_view>
 
 #include "geo/lat_long.h"
 #include "platform/code_page.h"
 #include "platform/headless/headless.h"
-#include "sites/listing/listing.h"
 #include "workspace/commands/home_station.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/record/workspace.h"
-#include "workspace/values/strings.h"
 
 namespace {
 
@@ -202,113 +198,6 @@ TEST_F(Commands, ComputesDistanceAndBearings) {
                   pointing.BackBearText.text + " | " + pointing.UncertText.text,
               shown)
         << home << " to " << place;
-  }
-}
-
-// Use This takes the first line that contains the text anywhere; a line with the end marker ends
-// the search, even if it contains the text. Before each row the screen shows IO91WM44.
-TEST_F(Commands, FindsASite) {
-  platform.files = {{"Sites",
-                     "Alpha Hill~IO91VL\r\nBeacon Rock~SU12 3456~Hilltop mast\r\n"
-                     "Second Beacon~io91 wm44\r\nOld Mast~51.5 -1.2\r\nLost Place~\r\n"
-                     "Odd One~IO91WM4\r\n\xC9"
-                     "cole d'\xC9t\xE9~IO91WM\r\n~TQ3080\r\n"
-                     "ENDENDEND\r\nBehind~SU9999\r\n"},
-                    {"NoMarker", "One~IO91WM\rTwo~SU1234\r\nThree\nFour~TQ3080\r\nFive~JO01AA"},
-                    {"Blank", "One~IO91WM\r\n\r\nTwo~SU1234\r\n"}};
-  const std::string notFound = "Not Found |  |  |  |  | 0 | ";
-  const std::string unchanged = " | IO91WM44 | TQ299 816 | 51.518836N , 0.128997W | ";
-  const struct {
-    const char *database, *typed;
-    std::string shown;
-  } rows[] = {
-      // clang-format off
-      {"Sites", "hilltop m", "Beacon Rock   SU12 3456 | IO91CF00XG | SU123456 | 51.209476N , 1.825303W | Beacon Rock | 1 | "},
-      {"Sites", "Beacon Rock   SU12 3456", notFound},  // as the box shows it, without the ~
-      {"Sites", "WM44", "Second Beacon   IO91 WM44 | IO91WM44 | TQ299 816 | 51.518836N , 0.128997W | Second Beacon | 1 | "},
-      // Letters above ASCII are found in upper and lower case, and shown as they are in the file.
-      {"Sites", "éCOLE D", "École d'Été   IO91WM | IO91WM | TQ30 82 | 51.518836N , 0.128997W | École d'Été | 1 | "},
-      {"Sites", "ende", notFound}, {"Sites", "behind", notFound},
-      {"Sites", "tq3 ", notFound},  // blanks in the typed text count
-      // A name may be empty, and the ~ is part of the line.
-      {"Sites", "~tq", "   TQ3080 | IO91WM40OW | TQ3080 | 51.503991N , 0.128354W |  | 1 | "},
-      {"Sites", "lost", "Lost Place    | ERROR | ERROR |  | Lost Place | 1 | "},
-      // A latitude and longitude is not decoded here.
-      {"Sites", "old", "Old Mast   51.5 -1.2" + unchanged + "Old Mast | 1 | "},
-      {"Sites", "odd one", "Locator error | IO91WM4 | TQ299 816 | 51.518836N , 0.128997W | Odd One | 1 | "},
-      // Without the end marker a text that is not found changes nothing on the screen.
-      {"NoMarker", "nowhere", "nowhere" + unchanged + "Five | 0 | "},
-      // A line ends with a carriage return, with or without a line feed, but not with a line feed
-      // alone. The last line needs no end.
-      {"NoMarker", "three\nfo", "Three\nFour   TQ3080 | IO91WM40OW | TQ3080 | 51.503991N , 0.128354W | Three\nFour | 1 | "},
-      {"NoMarker", "five", "Five   JO01AA | JO01AA | TQ43 26 | 51.018836N , 0.037670E | Five | 1 | "},
-      {"Blank", "two", "two" + unchanged + "One | 0 | "},  // a line that is no record ends the search
-      {"None", "two", "two" + unchanged + " | 0 | MsgBox Site datbase not found"},
-      // clang-format on
-  };
-  for (const auto& [database, typed, shown] : rows) {
-    MainWindow& main = w.Tarnwick;
-    platform.events.assign(1, "");
-    Use("IO91WM44");
-    main.LocDatabase.text = database;
-    Use(typed);
-    EXPECT_EQ(ToUtf8(main.InputText.text + " | " + main.LocText.text + " | " + main.NGRText.text +
-                     " | " + main.LLText.text + " | " + w.sitename + " | " +
-                     (main.SetHome.enabled ? "1 | " : "0 | ") + platform.events.back()),
-              shown)
-        << typed;
-  }
-}
-
-// Limits are inclusive. The header omits limits that exclude nothing, and a largest distance of
-// 9999 km or more, which still applies.
-TEST_F(Commands, ListsTheSitesWithinAllLimits) {
-  (*platform.files)[kDefaultDatabase] =
-      "A hill~TQ309800\r\n"           // home: 0 km, 0 degrees
-      "B hill~TQ309900\r\n"           // 10 km, 1.5
-      "C HILL~TQ299900\r\n"           // 10 km, 355.8
-      "D mast~TQ409800~the hill\r\n"  // 10 km, 91.5
-      "E mast~TQ309999\r\n"           // 19.9 km, 1.5
-      "Far off~RE78JR\r\n";           // 18,000 km, 42
-  w.Tarnwick.LocDatabase.text = kDefaultDatabase;
-  w.Tarnwick.ListFileName.text = "List";
-  Use("TQ309800");
-  SetHome_Click(w);
-  const struct {
-    const char *minimum, *maximum, *from, *to, *name;
-    const char *listed, *header;  // first letters of the rows, second letters of the limits
-  } rows[] = {
-      // clang-format off
-      {"0", "99999", "0", "360", "", "ABCDEF", ""}, {"5", "15km", "0", "360", "", "BCD", "ia"},
-      {"0", "0", "0", "360", "", "A", "a"}, {".01", "9999", "0", "360", "", "BCDE", "i"},
-      {"0", "9998.9", "0", "360", "", "ABCDE", "a"}, {"", "", "", "", "", "", "ae"},
-      {"0", "9999", "350", "10", "", "ABCE", "e"}, {"0", "9999", "350", "0", "", "AC", "e"},
-      {"0", "9999", "0", "-10", "", "ABCDE", "e"}, {"0", "9999", "-10", "0", "", "A", "e"},
-      {"0", "9999", "0", "359", "", "ABCDE", "e"}, {"0", "9999", ".5", "360", "", "BCDE", "e"},
-      {"0", "9999", "0", "0", "", "", "e"},  // a sector without width excludes the home station too
-      {"0", "9999", "1", "180", "", "BDE", "e"}, {"0", "9999", "0", "360", "hIlL", "ABC", "n"},
-      // clang-format on
-  };
-  for (const auto& row : rows) {
-    MainWindow& main = w.Tarnwick;
-    main.MinDisttext.text = row.minimum;
-    main.MaxDistText.text = row.maximum;
-    main.FromBearText.text = row.from;
-    main.ToBearText.text = row.to;
-    main.Srchtext.text = row.name;
-    MakeList_Click(w);
-    std::istringstream lines((*platform.files)["List"]);
-    std::string header, listed;
-    bool isHeader = true;
-    int number = 0;
-    for (std::string line; std::getline(lines, line); ++number) {
-      if (line.starts_with("   Sitename"))
-        isHeader = false;
-      else if (number > 4 && line != "\r")
-        (isHeader ? header += line[1] : listed += line[0]);
-    }
-    EXPECT_EQ(listed + " " + header, row.listed + std::string(" ") + row.header)
-        << row.minimum << " to " << row.maximum << ", " << row.from << " to " << row.to;
   }
 }
 

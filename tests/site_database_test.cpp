@@ -6,6 +6,7 @@
 
 #include "geo/grid_reference.h"
 #include "geo/locator.h"
+#include "platform/code_page.h"
 #include "platform/headless/headless.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
@@ -187,6 +188,65 @@ TEST_F(Database, TheSampleIsWellFormed) {
   EXPECT_EQ(line, "ENDENDEND");
   EXPECT_FALSE(ReadLine(w.database, line));
   EXPECT_GE(names.size(), 100U);
+}
+
+// Use This takes the first line that contains the text anywhere; a line with the end marker ends
+// the search, even if it contains the text. Before each row the screen shows IO91WM44.
+TEST_F(Database, FindsASite) {
+  platform.files = {{"Sites",
+                     "Alpha Hill~IO91VL\r\nBeacon Rock~SU12 3456~Hilltop mast\r\n"
+                     "Second Beacon~io91 wm44\r\nOld Mast~51.5 -1.2\r\nLost Place~\r\n"
+                     "Odd One~IO91WM4\r\n\xC9"
+                     "cole d'\xC9t\xE9~IO91WM\r\n~TQ3080\r\n"
+                     "ENDENDEND\r\nBehind~SU9999\r\n"},
+                    {"NoMarker", "One~IO91WM\rTwo~SU1234\r\nThree\nFour~TQ3080\r\nFive~JO01AA"},
+                    {"Blank", "One~IO91WM\r\n\r\nTwo~SU1234\r\n"}};
+  const auto use = [this](const char* text) {
+    w.Tarnwick.InputText.text = FromUtf8(text);
+    FindIt_Click(w);
+  };
+  const std::string notFound = "Not Found |  |  |  |  | 0 | ";
+  const std::string unchanged = " | IO91WM44 | TQ299 816 | 51.518836N , 0.128997W | ";
+  const struct {
+    const char *database, *typed;
+    std::string shown;
+  } rows[] = {
+      // clang-format off
+      {"Sites", "hilltop m", "Beacon Rock   SU12 3456 | IO91CF00XG | SU123456 | 51.209476N , 1.825303W | Beacon Rock | 1 | "},
+      {"Sites", "Beacon Rock   SU12 3456", notFound},  // as the box shows it, without the ~
+      {"Sites", "WM44", "Second Beacon   IO91 WM44 | IO91WM44 | TQ299 816 | 51.518836N , 0.128997W | Second Beacon | 1 | "},
+      // Letters above ASCII are found in upper and lower case, and shown as they are in the file.
+      {"Sites", "éCOLE D", "École d'Été   IO91WM | IO91WM | TQ30 82 | 51.518836N , 0.128997W | École d'Été | 1 | "},
+      {"Sites", "ende", notFound}, {"Sites", "behind", notFound},
+      {"Sites", "tq3 ", notFound},  // blanks in the typed text count
+      // A name may be empty, and the ~ is part of the line.
+      {"Sites", "~tq", "   TQ3080 | IO91WM40OW | TQ3080 | 51.503991N , 0.128354W |  | 1 | "},
+      {"Sites", "lost", "Lost Place    | ERROR | ERROR |  | Lost Place | 1 | "},
+      // A latitude and longitude is not decoded here.
+      {"Sites", "old", "Old Mast   51.5 -1.2" + unchanged + "Old Mast | 1 | "},
+      {"Sites", "odd one", "Locator error | IO91WM4 | TQ299 816 | 51.518836N , 0.128997W | Odd One | 1 | "},
+      // Without the end marker a text that is not found changes nothing on the screen.
+      {"NoMarker", "nowhere", "nowhere" + unchanged + "Five | 0 | "},
+      // A line ends with a carriage return, with or without a line feed, but not with a line feed
+      // alone. The last line needs no end.
+      {"NoMarker", "three\nfo", "Three\nFour   TQ3080 | IO91WM40OW | TQ3080 | 51.503991N , 0.128354W | Three\nFour | 1 | "},
+      {"NoMarker", "five", "Five   JO01AA | JO01AA | TQ43 26 | 51.018836N , 0.037670E | Five | 1 | "},
+      {"Blank", "two", "two" + unchanged + "One | 0 | "},  // a line that is no record ends the search
+      {"None", "two", "two" + unchanged + " | 0 | MsgBox Site datbase not found"},
+      // clang-format on
+  };
+  for (const auto& [database, typed, shown] : rows) {
+    MainWindow& main = w.Tarnwick;
+    platform.events.assign(1, "");
+    use("IO91WM44");
+    main.LocDatabase.text = database;
+    use(typed);
+    EXPECT_EQ(ToUtf8(main.InputText.text + " | " + main.LocText.text + " | " + main.NGRText.text +
+                     " | " + main.LLText.text + " | " + w.sitename + " | " +
+                     (main.SetHome.enabled ? "1 | " : "0 | ") + platform.events.back()),
+              shown)
+        << typed;
+  }
 }
 
 }  // namespace

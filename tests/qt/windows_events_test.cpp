@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListView>
-#include <QPlainTextEdit>
 #include <set>
 
 #include "platform/desktop/qt_text.h"
@@ -187,28 +186,6 @@ TEST_F(WindowsEvents, TakesEditsWhateverTheirSource) {
   // A command that restores the text before the edit also shows it.
   program_->runner.Run([](Workspace& w) { w.SetUpCom.Baud.text = "9600"; });
   EXPECT_EQ(Text("Baud"), "9600");
-}
-
-// By the arrow keys every port is reached, the first as well while another text is in the box.
-TEST_F(WindowsEvents, ReachesTheFirstPortByDown) {
-  auto* ports = Find<QComboBox>("CPort");
-  program_->runner.Run([](Workspace& w) {
-    w.SetUpCom.CPort.items = {"COM9", "COM18"};
-    w.SetUpCom.CPort.text = "7";
-  });
-  program_->runner.Run([](Workspace& w) { w.SetUpCom.visible = true; });
-  EXPECT_EQ(Text("CPort"), "7");
-  EXPECT_EQ(ports->lineEdit()->selectedText(), "7") << "typing replaces it";
-  EXPECT_NE(Find<QPlainTextEdit>("Text1")->placeholderText(), "") << "7 is no port";
-  for (const char* port : {"COM9", "COM18"}) {
-    QTest::keyClick(ports, Qt::Key_Down);
-    EXPECT_EQ(program_->w.SetUpCom.CPort.text, port);
-  }
-  program_->runner.Run([](Workspace& w) { w.SetUpCom.CPort.items = {"COM9", "COM25"}; });
-  EXPECT_EQ(ports->itemText(1), "COM25") << "as many ports, but others";
-  EXPECT_EQ(ports->itemData(1, Qt::ToolTipRole).toString(), DeviceOf(25));
-  EXPECT_EQ(Text("CPort"), "COM18");
-  EXPECT_EQ(Find<QPlainTextEdit>("Text1")->placeholderText(), "");
 }
 
 Qt::CursorShape Cursor() {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QPlainTextEdit>
 
 #include "platform/desktop/serial_device.h"
 #include "program_test.h"
@@ -102,6 +103,28 @@ TEST_F(WindowsKeys, EnterOpensThePort) {
   EXPECT_GE(PortSetUp().width(),
             PortSetUp().fontMetrics().horizontalAdvance(PortSetUp().windowTitle()) + 100);
   EXPECT_FALSE(PortSetUp().windowFlags() & Qt::WindowMinMaxButtonsHint);
+}
+
+// By the arrow keys every port is reached, the first as well while another text is in the box.
+TEST_F(WindowsKeys, ReachesTheFirstPortByDown) {
+  auto* ports = Find<QComboBox>("CPort");
+  program_->runner.Run([](Workspace& w) {
+    w.SetUpCom.CPort.items = {"COM9", "COM18"};
+    w.SetUpCom.CPort.text = "7";
+  });
+  program_->runner.Run([](Workspace& w) { w.SetUpCom.visible = true; });
+  EXPECT_EQ(Text("CPort"), "7");
+  EXPECT_EQ(ports->lineEdit()->selectedText(), "7") << "typing replaces it";
+  EXPECT_NE(Find<QPlainTextEdit>("Text1")->placeholderText(), "") << "7 is no port";
+  for (const char* port : {"COM9", "COM18"}) {
+    QTest::keyClick(ports, Qt::Key_Down);
+    EXPECT_EQ(program_->w.SetUpCom.CPort.text, port);
+  }
+  program_->runner.Run([](Workspace& w) { w.SetUpCom.CPort.items = {"COM9", "COM25"}; });
+  EXPECT_EQ(ports->itemText(1), "COM25") << "as many ports, but others";
+  EXPECT_EQ(ports->itemData(1, Qt::ToolTipRole).toString(), DeviceOf(25));
+  EXPECT_EQ(Text("CPort"), "COM18");
+  EXPECT_EQ(Find<QPlainTextEdit>("Text1")->placeholderText(), "");
 }
 
 // A place, home, the next place, its figures copied, a listing: by keys alone.

@@ -102,18 +102,13 @@ TEST_F(Serial, DevicesHaveFixedNumbers) {
   const auto name = [this](int port) {
     return DeviceOf(port, home_.path()).section('/', -1).toStdString();
   };
-  for (const auto& [port, device] : {std::pair(-1, ""),
-                                     {0, ""},
-                                     {1, "ttyS0"},
-                                     {8, "ttyS7"},
-                                     {9, "ttyUSB0"},
-                                     {16, "ttyUSB7"},
-                                     {17, "ttyACM0"},
-                                     {24, "ttyACM7"},
-                                     {25, "rfcomm0"},
-                                     {32, "rfcomm7"},
-                                     {33, ""}})
-    EXPECT_EQ(name(port), device) << port;
+  const std::pair<int, const char*> devices[] = {
+      // clang-format off
+      {-1, ""}, {0, ""}, {1, "ttyS0"}, {8, "ttyS7"}, {9, "ttyUSB0"}, {16, "ttyUSB7"},
+      {17, "ttyACM0"}, {24, "ttyACM7"}, {25, "rfcomm0"}, {32, "rfcomm7"}, {33, ""}
+      // clang-format on
+  };
+  for (const auto& [port, device] : devices) EXPECT_EQ(name(port), device) << port;
   for (const char* board : {"ttyAMA0", "serial0"}) Write(board, "");
   EXPECT_EQ(name(6) + name(7) + name(8) + name(9), "ttyS5ttyAMA0serial0ttyUSB0");
   for (const char* builtIn : {"ttyS6", "ttyS7"}) Write(builtIn, "");
