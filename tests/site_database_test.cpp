@@ -8,6 +8,7 @@
 #include "geo/locator.h"
 #include "platform/code_page.h"
 #include "platform/headless/headless.h"
+#include "random_text.h"
 #include "sites/database/line_reader.h"
 #include "sites/database/site_line.h"
 #include "sites/database/text_search.h"
@@ -127,17 +128,13 @@ TEST_F(Database, ReadsAndFindsWhatAPlainSearchDoes) {
 }
 
 TEST_F(Database, MatchesAsAPlainSearchDoes) {
+  constexpr std::string_view kCharacters = "aAbB\xE9\xC9~ ";
   std::mt19937 random(1);
-  const auto text = [&](std::size_t longest) {
-    std::string made;
-    for (auto length = random() % (longest + 1); length > 0; --length)
-      made += "aAbB\xE9\xC9~ "[random() % 8];
-    return made;
-  };
   for (int round = 0; round < 50000; ++round) {
-    const std::string padded = text(30) + std::string(kBlockPadding, 'a');
+    const std::string padded =
+        SomeOf(random, kCharacters, random() % 31) + std::string(kBlockPadding, 'a');
     const std::string_view line(padded.data(), padded.size() - kBlockPadding);
-    const std::string sought = text(5);
+    const std::string sought = SomeOf(random, kCharacters, random() % 6);
     ASSERT_EQ(Matches(line, CaseBlindText(sought)), PlainlyMatches(std::string(line), sought))
         << line << " / " << sought;
   }

@@ -1,8 +1,5 @@
 // The serial port on pseudo terminals, which represent devices in a folder of the test's own.
-#include <fcntl.h>
 #include <sys/file.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 #include <QComboBox>
 #include <QTimer>
@@ -10,6 +7,7 @@
 #include <thread>
 
 #include "program_test.h"
+#include "receiver_on_pty.h"
 
 namespace {
 
@@ -23,34 +21,6 @@ std::string PieceAt(const std::string& time) {
   const std::string sentence = SentenceAt(time);
   return sentence.substr(0, sentence.size() - 1);
 }
-
-// A receiver that is plugged in under a device's name until it is destroyed.
-struct Receiver {
-  explicit Receiver(const QString& name) : link(name) {
-    EXPECT_TRUE(unlockpt(terminal) == 0 && QFile::link(ptsname(terminal), link));
-    device = open(link.toUtf8(), O_RDWR | O_NOCTTY);
-  }
-  ~Receiver() {
-    QFile::remove(link);
-    close(device);
-    close(terminal);
-  }
-  void Write(const std::string& characters) const {
-    EXPECT_EQ(write(terminal, characters.data(), characters.size()),
-              static_cast<ssize_t>(characters.size()));
-  }
-  // Returns when the port has read the characters.
-  void Send(const std::string& characters) const {
-    Write(characters);
-    QTest::qWait(20);  // the system passes them on with a delay
-    int unread = 1;
-    EXPECT_TRUE(Eventually([&] { return ioctl(device, FIONREAD, &unread) != 0 || unread == 0; }));
-  }
-
-  int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-  QString link;
-  int device = -1;
-};
 
 class Serial : public ProgramTest {
  protected:
