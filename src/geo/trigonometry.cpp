@@ -46,8 +46,7 @@ Reduced Reduce(double angle) {
   return ReduceCodyWaite(std::fmod(angle, kFullTurn));
 }
 
-// Returns the sum of c[i] z^i, added in pairs (Estrin's scheme), which the processor computes side
-// by side; in Horner's scheme each step needs the result of the previous one.
+// Returns the sum of c[i] z^i, added in pairs that are independent (Estrin's scheme), for speed.
 double Series(const double (&c)[8], double z) {
   const double z2 = z * z;
   const double z4 = z2 * z2;

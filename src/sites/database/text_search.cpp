@@ -22,6 +22,7 @@ static_assert(2 * kBlock <= kBlockPadding);
 
 constexpr CharacterPair kReturn = {{{0, 0, '\r'}, {0, 0, '\r'}}};
 constexpr CharacterPair kTilde = {{{0, 0, '~'}, {0, 0, '~'}}};
+constexpr CharacterPair kEndMarker = {{{2, 0, 'D'}, {5, 0, 'D'}}};  // hardly ever in other texts
 
 // Sets bit i if a text that starts at at[i] passes both tests, for i from 0 to 63.
 std::uint64_t MatchMask64(const char* at, const CharacterPair& pair) {
@@ -74,22 +75,31 @@ bool BeginsWith(std::string_view rest, const CaseBlindText& sought) {
                     [](char u, char c) { return u == UpperOf(c); });
 }
 
+// Clears the candidates in a block before the first one at which the text begins.
+std::uint64_t ClearFalseCandidates(std::uint64_t candidates, const char* at, const char* end,
+                                   const CaseBlindText& sought) {
+  for (; candidates != 0; candidates &= candidates - 1) {
+    const char* place = at + std::countr_zero(candidates);
+    if (place >= end || BeginsWith({place, end}, sought)) break;
+  }
+  return candidates;
+}
+
 // Returns the first position at which the text begins, or `end`.
 const char* FindText(const char* at, const char* end, const CaseBlindText& sought) {
   const CharacterPair rarest = sought.rarest;  // a copy: the compiler keeps it in registers
   for (; at < end; at += kBlock) {
-    for (std::uint64_t places = MatchMask64(at, rarest); places != 0; places &= places - 1) {
-      const char* place = at + std::countr_zero(places);
-      if (place >= end || BeginsWith({place, end}, sought)) return std::min(place, end);
-    }
+    const std::uint64_t found = ClearFalseCandidates(MatchMask64(at, rarest), at, end, sought);
+    if (found != 0) return std::min(at + std::countr_zero(found), end);
   }
   return end;
 }
 
-// Returns the end of the first line without a "~", or `end`. The addition carries a bit from the
-// start of each line through all characters except "~", so the carry reaches the return of such a
-// line.
-const char* FindLineWithoutTilde(const char* at, const char* end) {
+// Returns a position in the first line that contains the text, has no "~" or may contain the end
+// marker; `end` if there is none. The addition carries a bit from the start of each line through
+// all characters except "~", so the carry reaches the return of a line without one.
+const char* FindLineToRead(const char* at, const char* end, const CaseBlindText& sought) {
+  const CharacterPair rarest = sought.rarest;
   bool noTildeYet = true;  // in the line that crosses the start of the block
   for (; at < end; at += kBlock) {
     const std::uint64_t returns = MatchMask64(at, kReturn);
@@ -97,7 +107,8 @@ const char* FindLineWithoutTilde(const char* at, const char* end) {
     const std::uint64_t starts = returns << 1 | (noTildeYet ? 1U : 0U);
     const std::uint64_t sum = others + starts;
     const std::uint64_t carried = sum ^ others ^ starts;
-    const std::uint64_t found = returns & (carried | starts);
+    const std::uint64_t found = (returns & (carried | starts)) | MatchMask64(at, kEndMarker) |
+                                ClearFalseCandidates(MatchMask64(at, rarest), at, end, sought);
     if (found != 0) return std::min(at + std::countr_zero(found), end);
     noTildeYet = returns >> (kBlock - 1) != 0 || sum < others;
   }
@@ -115,10 +126,6 @@ const char* LineStart(const char* from, const char* at) {
 
 const char* Cursor(const DatabaseHandle& database) {
   return database.buffer.data() + database.cursor;
-}
-
-const char* FindText(const DatabaseHandle& database, const CaseBlindText& sought) {
-  return FindText(Cursor(database), database.buffer.data() + database.limit, sought);
 }
 
 void MoveCursorTo(DatabaseHandle& database, const char* lineStart) {
@@ -140,7 +147,7 @@ bool Matches(std::string_view line, const CaseBlindText& sought) {
 bool ReadMatchingLine(DatabaseHandle& database, const CaseBlindText& sought,
                       std::string_view& line) {
   for (;;) {
-    const char* place = FindText(database, sought);
+    const char* place = FindText(Cursor(database), database.buffer.data() + database.limit, sought);
     MoveCursorTo(database, LineStart(Cursor(database), place));
     if (!ReadLine(database, line)) return false;
     // Usually the text begins at `place`. If the line was incomplete, it can begin anywhere.
@@ -151,13 +158,9 @@ bool ReadMatchingLine(DatabaseHandle& database, const CaseBlindText& sought,
 }
 
 void SkipNonMatchingSites(DatabaseHandle& database, const CaseBlindText& sought) {
-  CaseBlindText endMarker("ENDENDEND");
-  endMarker.rarest = {{{2, 0, 'D'}, {5, 0, 'D'}}};  // capitals only
   const char* from = Cursor(database);
-  const char* stop = FindText(database, sought);
-  stop = FindText(from, stop, endMarker);
-  stop = FindLineWithoutTilde(from, stop);
-  const char* start = LineStart(from, stop);
+  const char* end = database.buffer.data() + database.limit;
+  const char* start = LineStart(from, FindLineToRead(from, end, sought));
   // Goes back to the last line that ReadLine does not skip for its length.
   for (std::size_t length = kLongestLine + 1; start != from && length > kLongestLine;) {
     const char* next = start;

@@ -10,10 +10,9 @@ void Lookup_Click(Workspace& w) {
   OpenResults(w);
   if (!OpenDatabase(w)) return;
   const CaseBlindText sought(w.Tarnwick.InputText.text);
-  std::string_view line;
   std::deque<ListEntry>& entries = w.ShowList.PR.items;
   bool isFull = false;
-  while (!isFull && ReadMatchingLine(w.database, sought, line)) {
+  for (std::string_view line; !isFull && ReadMatchingLine(w.database, sought, line);) {
     isFull = entries.size() >= kMostEntries;
     if (!isFull) entries.emplace_back(line);
   }
