@@ -31,7 +31,7 @@
 #include "workspace/commands/place_display.h"
 #include "workspace/commands/use_this.h"
 #include "workspace/events/start_and_exit.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 #include "workspace/record/workspace.h"
 
 // Sites with a position of every kind, good and bad.

@@ -17,7 +17,7 @@
 #include "record_printer.h"
 #include "workspace/events/event_table.h"
 #include "workspace/events/start_and_exit.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 #include "workspace/values/number_text.h"
 #include "workspace/values/rounding.h"
 

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "escaped_text.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 #include "workspace/values/number_text.h"
 
 namespace {

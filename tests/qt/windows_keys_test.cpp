@@ -8,7 +8,7 @@
 #include "platform/desktop/serial_device.h"
 #include "program_test.h"
 #include "workspace/events/main_window_layout.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <QPushButton>
 
 #include "platform/qt/command_runner.h"
-#include "platform/qt/layout_helpers.h"
 #include "platform/qt/picture_view.h"
 #include "platform/qt/results_list.h"
+#include "platform/qt/widget_helpers.h"
 
 // Returns the palette for which the colours of the controls were chosen. All windows use it, even
 // on a dark desktop.

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/qt/binder.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 
 // A twip is 1/1440 inch, a logical pixel 1/96 inch.
 inline constexpr float kTwipsPerPixel = 15;
@@ -97,7 +97,7 @@ class FramedWindow : public QWidget {
 template <class Record>
 class RecordWindow : public FramedWindow {
  protected:
-  // Makes the widgets of all controls, so the order of the table in control_tables.h is the Tab
+  // Makes the widgets of all controls, so the order of the table in control_names.h is the Tab
   // order.
   RecordWindow(CommandRunner& runner, Record& record)
       : FramedWindow(runner, record), record_(record) {

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/layout_helpers.h"
+#include "platform/qt/widget_helpers.h"
 #include "pointing/compass.h"
 
 namespace {

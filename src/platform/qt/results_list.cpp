@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "platform/desktop/qt_text.h"
-#include "platform/qt/layout_helpers.h"
+#include "platform/qt/widget_helpers.h"
 #include "sites/lookup/lookup.h"
 
 // Reads the entries from the record when Qt paints them, so that a million of them need no widgets

@@ -1,6 +1,6 @@
 #include "workspace/commands/home_station.h"
 
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 
 void SetHome_Click(Workspace& w) {
   MainWindow& main = w.Tarnwick;

@@ -10,7 +10,7 @@
 #include "workspace/commands/use_this.h"
 #include "workspace/events/main_window_layout.h"
 #include "workspace/events/start_and_exit.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 
 namespace {
 

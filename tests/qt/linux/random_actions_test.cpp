@@ -11,7 +11,7 @@
 
 #include "platform/desktop/qt_text.h"
 #include "program_test.h"
-#include "workspace/record/control_tables.h"
+#include "workspace/record/control_names.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/layout_helpers.h"
+#include "platform/qt/widget_helpers.h"
 
 #include <QEvent>
 #include <QGridLayout>
